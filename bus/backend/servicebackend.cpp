@@ -1,0 +1,71 @@
+#include "servicebackend.h"
+
+#include <QMutexLocker>
+
+ServiceBackend::ServiceBackend(QObject *parent)
+    : QObject(parent)
+{
+}
+
+QList<ServiceBackend::Call> ServiceBackend::calls() const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_calls;
+}
+
+QStringList ServiceBackend::callNames() const
+{
+    QMutexLocker lock(&m_mutex);
+    QStringList names;
+    for (const Call &call : m_calls)
+        names.append(call.member);
+    return names;
+}
+
+QList<QVariantList> ServiceBackend::callsOf(const QString &member) const
+{
+    QMutexLocker lock(&m_mutex);
+    QList<QVariantList> result;
+    for (const Call &call : m_calls) {
+        if (call.member == member)
+            result.append(call.args);
+    }
+    return result;
+}
+
+void ServiceBackend::clearCalls()
+{
+    QMutexLocker lock(&m_mutex);
+    m_calls.clear();
+}
+
+void ServiceBackend::setAnswer(const QString &member, const QVariant &value)
+{
+    QMutexLocker lock(&m_mutex);
+    m_answers.insert(member, value);
+}
+
+void ServiceBackend::setHung(bool hung)
+{
+    QMutexLocker lock(&m_mutex);
+    m_hung = hung;
+}
+
+void ServiceBackend::record(const char *member, const QVariantList &args)
+{
+    bool hung = false;
+    {
+        QMutexLocker lock(&m_mutex);
+        m_calls.append({QString::fromLatin1(member), args});
+        hung = m_hung;
+    }
+    if (hung && calledFromDBus())
+        setDelayedReply(true); // and never send it
+    emit called(QString::fromLatin1(member), args);
+}
+
+QVariant ServiceBackend::answerFor(const char *member) const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_answers.value(QString::fromLatin1(member));
+}

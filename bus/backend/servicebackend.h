@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QDBusContext>
+#include <QHash>
+#include <QMutex>
+#include <QObject>
+#include <QVariant>
+
+// Common ground of the service implementations behind the generated adaptors
+// (the simulator and the recording test fakes). It records every call in
+// arrival order and answers getters with values set beforehand. It may live in
+// a thread of its own, so that a client blocking on a getter is answered.
+class ServiceBackend : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+public:
+    struct Call
+    {
+        QString member;
+        QVariantList args;
+        bool operator==(const Call &other) const { return member == other.member && args == other.args; }
+    };
+
+    explicit ServiceBackend(QObject *parent = nullptr);
+
+    QList<Call> calls() const;
+    QStringList callNames() const;
+    // The calls named `member`, in order.
+    QList<QVariantList> callsOf(const QString &member) const;
+    void clearCalls();
+
+    void setAnswer(const QString &member, const QVariant &value);
+    // A hung service keeps its name on the bus but never replies.
+    void setHung(bool hung);
+
+signals:
+    void called(const QString &member, const QVariantList &args);
+
+protected:
+    void record(const char *member, const QVariantList &args);
+
+    template<typename T>
+    T answer(const char *member, const QVariantList &args)
+    {
+        record(member, args);
+        return answerFor(member).template value<T>();
+    }
+
+private:
+    QVariant answerFor(const char *member) const;
+
+    mutable QMutex m_mutex;
+    QList<Call> m_calls;
+    QHash<QString, QVariant> m_answers;
+    bool m_hung = false;
+};

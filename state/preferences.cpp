@@ -1,0 +1,572 @@
+#include "preferences.h"
+
+#include "conffile.h"
+#include "settingsutil.h"
+#include "translator.h"
+#include "tunerlog.h"
+#include "tunerpaths.h"
+
+#include <QStringList>
+#include <QVector>
+
+namespace tuner {
+
+Preferences *Preferences::p_Instance = nullptr;
+
+namespace {
+
+bool validPreset(int index)
+{
+    return index >= 0 && index < kPresetCount;
+}
+
+QString presetKey(const char *prefix, int index)
+{
+    return QString::fromLatin1(prefix).arg(index);
+}
+
+// Splits a ";" list, skipping empty parts. Items that are not numbers read as
+// 0 and are reported, so a garbled list still keeps its positions.
+QVector<int> parseIntList(const QString &list, const char *what)
+{
+    QVector<int> values;
+    const QStringList parts = list.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    for (const QString &part : parts) {
+        bool ok = false;
+        const int value = part.trimmed().toInt(&ok, 10);
+        if (!ok)
+            TUNER_WAR() << what << part << "is not a number, read as 0.";
+        values.append(ok ? value : 0);
+    }
+    return values;
+}
+
+} // namespace
+
+Preferences::CGplayer::~CGplayer()
+{
+    delete Preferences::p_Instance;
+    Preferences::p_Instance = nullptr;
+}
+
+Preferences *Preferences::getInstance()
+{
+    if (!p_Instance) {
+        static CGplayer cleanup;
+        p_Instance = new Preferences;
+    }
+    return p_Instance;
+}
+
+void Preferences::resetInstance()
+{
+    delete p_Instance;
+    p_Instance = nullptr;
+}
+
+Preferences::Preferences()
+    : m_configPath(paths::radioConf())
+    , m_settingsPath(paths::settingsIni())
+{
+    loadDate();
+}
+
+void Preferences::loadDate()
+{
+    const int afTaTp = cm::SettingsUtil::instance()->getRdsAfTaTpSupport();
+    m_local = false;
+    m_ta = false;
+    m_regional = true;
+    m_af = afTaTp == 1;
+
+    for (int b = BAND_FM1; b <= BAND_FM3; ++b) {
+        for (int i = 0; i < kPresetCount; ++i) {
+            m_bands[b].af[i] = afTaTp == 1;
+            m_bands[b].ta[i] = false;
+            m_bands[b].savePreset[i] = false;
+            m_bands[b].rdsName[i].clear();
+        }
+    }
+
+    m_band = BAND_FM1;
+    m_bandFM = BAND_FM1;
+    m_bandAM = BAND_AM1;
+
+    const tagTunerRegion_T *region = findRegionById(cm::SettingsUtil::instance()->getDestination());
+    if (!region)
+        return;
+    const tagTunerRegionVariant_T &v = region->variant[0];
+    m_fmMin = v.fmLow;
+    m_fmMax = v.fmHigh;
+    m_fmStep = v.fmStep;
+    m_amMin = v.amLow;
+    m_amMax = v.amHigh;
+    m_amStep = v.amStep;
+    for (int b = 0; b < kBandCount; ++b) {
+        flagBand &band = m_bands[b];
+        const bool fm = isFmBand(b);
+        band.lowFreq = fm ? v.fmLow : v.amLow;
+        band.highFreq = fm ? v.fmHigh : v.amHigh;
+        band.step = fm ? v.fmStep : v.amStep;
+        band.btmFreqIdBefore = 0;
+        band.presetIndex = 0;
+        band.currFreq = v.currFreq[b];
+        band.currFreqId = kNoPreset;
+        for (int i = 0; i < kPresetCount; ++i)
+            band.presets[i] = v.presets[b][i];
+    }
+}
+
+// --- file helpers ----------------------------------------------------------
+
+QString Preferences::bandGroup(int bandNumber) const
+{
+    // The prefix follows the current band, the number the band written.
+    return QStringLiteral("Freq/%1%2").arg(isFM() ? QStringLiteral("FM") : QStringLiteral("AM")).arg(bandNumber);
+}
+
+void Preferences::writeRadioConf(const QString &group, const QString &key, const QVariant &value) const
+{
+    ConfFile file(m_configPath);
+    file.beginGroup(group);
+    file.setValue(key, value);
+    file.endGroup();
+    file.sync();
+}
+
+void Preferences::writeBandKey(int bandNumber, const QString &key, const QVariant &value) const
+{
+    writeRadioConf(bandGroup(bandNumber), key, value);
+}
+
+int Preferences::snapToBand(const flagBand &band, int freq) const
+{
+    return freqDetect(freq, band.lowFreq, band.highFreq, band.step);
+}
+
+// --- persistent setters ----------------------------------------------------
+
+void Preferences::setLocal(bool on)
+{
+    m_local = on;
+    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Local"), on);
+}
+
+void Preferences::setTa(bool on)
+{
+    m_ta = on;
+    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("ta"), on);
+}
+
+void Preferences::setAf(bool on)
+{
+    m_af = on;
+    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Af"), on);
+}
+
+void Preferences::setRegional(bool on)
+{
+    m_regional = on;
+    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Regional"), on);
+}
+
+void Preferences::setBand(Band band)
+{
+    if (!isValidBand(band)) {
+        TUNER_WAR() << int(band) << "is not a band, ignored.";
+        return;
+    }
+    m_band = band;
+    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("CurrBand"), int(band));
+}
+
+void Preferences::setBand_FM(Band band)
+{
+    if (!isValidBand(band)) {
+        TUNER_WAR() << int(band) << "is not a band, ignored.";
+        return;
+    }
+    m_bandFM = band;
+    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Band_FM"), int(band));
+}
+
+// Preset stepping records the AM band relative to 3 (0 or 1) here; the value
+// is kept as given.
+void Preferences::setBand_AM(Band band)
+{
+    if (!isValidBand(band)) {
+        TUNER_WAR() << int(band) << "is not a band, ignored.";
+        return;
+    }
+    m_bandAM = band;
+    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Band_AM"), int(band));
+}
+
+void Preferences::setCurrPlayFreq(int freq)
+{
+    flagBand &band = current();
+    band.currFreq = snapToBand(band, freq);
+    writeBandKey(m_band, QStringLiteral("CurrFreq"), band.currFreq);
+}
+
+void Preferences::setPlayFreq(Band band, int freq)
+{
+    if (!isValidBand(band)) {
+        TUNER_WAR() << int(band) << freq << "is not a band, ignored.";
+        return;
+    }
+    flagBand &data = m_bands[band];
+    data.currFreq = snapToBand(data, freq);
+    const QString group = QStringLiteral("Freq/%1%2").arg(band > BAND_FM3 ? QStringLiteral("AM") : QStringLiteral("FM")).arg(int(band));
+    writeRadioConf(group, QStringLiteral("CurrFreq"), data.currFreq);
+}
+
+// Only ids above 5 become "none"; negative ids are stored as they are.
+void Preferences::setCurrPlayFreqId(int id)
+{
+    clearFreqId(m_band, id);
+}
+
+void Preferences::clearFreqId(Band band, int id)
+{
+    if (!isValidBand(band)) {
+        TUNER_WAR() << int(band) << id << "is not a band, ignored.";
+        return;
+    }
+    const int stored = id > 5 ? kNoPreset : id;
+    m_bands[band].currFreqId = stored;
+    writeBandKey(band, QStringLiteral("CurrFreqId"), stored);
+}
+
+void Preferences::setFavoriteFreq(int index, int freq)
+{
+    if (!validPreset(index))
+        return;
+    flagBand &band = current();
+    band.presets[index] = snapToBand(band, freq);
+    writeBandKey(m_band, presetKey("preset_%1", index), band.presets[index]);
+}
+
+void Preferences::setFmTa(int index, bool on)
+{
+    if (!validPreset(index))
+        return;
+    current().ta[index] = on;
+    writeBandKey(m_band, presetKey("TA_%1", index), on);
+}
+
+void Preferences::setFmAf(int index, bool on)
+{
+    if (!validPreset(index))
+        return;
+    current().af[index] = on;
+    writeBandKey(m_band, presetKey("AF_%1", index), on);
+}
+
+void Preferences::saveFreq(const int *freqs, int count)
+{
+    if (count <= 0)
+        return;
+    if (!freqs) {
+        TUNER_WAR() << count << "frequencies announced but none given.";
+        return;
+    }
+    const int lastBand = isFmBand(m_btmBand) ? BAND_FM3 : BAND_AM2;
+    ConfFile file(m_configPath);
+    int next = 0;
+    int preset = qMax(0, m_bands[m_btmBand].btmFreqIdBefore);
+    for (int b = m_btmBand; b <= lastBand && next < count; ++b, preset = 0) {
+        file.beginGroup(bandGroup(b));
+        for (; preset < kPresetCount && next < count; ++preset) {
+            m_bands[b].presets[preset] = freqs[next++];
+            file.setValue(presetKey("preset_%1", preset), m_bands[b].presets[preset]);
+        }
+        file.endGroup();
+    }
+    if (next < count)
+        TUNER_WAR() << count - next << "stations did not fit into the presets, dropped.";
+    file.sync();
+}
+
+void Preferences::aftaState(const QString &aftaList)
+{
+    const QVector<int> codes = parseIntList(aftaList, "aftaList");
+    ConfFile file(m_configPath);
+    int next = 0;
+    for (int b = BAND_FM1; b <= BAND_FM3 && next < codes.size(); ++b) {
+        file.beginGroup(QStringLiteral("Freq/FM%1").arg(b));
+        for (int i = 0; i < kPresetCount && next < codes.size(); ++i) {
+            const int code = codes.at(next++);
+            m_bands[b].af[i] = code == 1 || code == 3;
+            m_bands[b].ta[i] = code == 2 || code == 3;
+            file.setValue(presetKey("AF_%1", i), m_bands[b].af[i]);
+            file.setValue(presetKey("TA_%1", i), m_bands[b].ta[i]);
+        }
+        file.endGroup();
+    }
+    file.sync();
+}
+
+// After an automatic store the new presets take the current switches. The
+// two keys are written crossed here, and only here; the file is written when
+// it is closed.
+void Preferences::resetAfTa(int count)
+{
+    if (!isFmBand(m_btmBand) || count <= 0)
+        return;
+    ConfFile file(m_configPath);
+    int done = 0;
+    int preset = qMax(0, m_bands[m_btmBand].btmFreqIdBefore);
+    for (int b = m_btmBand; b <= BAND_FM3 && done < count; ++b, preset = 0) {
+        file.beginGroup(QStringLiteral("Freq/FM%1").arg(b));
+        for (; preset < kPresetCount && done < count; ++preset, ++done) {
+            m_bands[b].af[preset] = m_af;
+            m_bands[b].ta[preset] = m_ta;
+            m_bands[b].savePreset[preset] = false;
+            file.setValue(presetKey("TA_%1", preset), m_af);
+            file.setValue(presetKey("AF_%1", preset), m_ta);
+        }
+        file.endGroup();
+    }
+}
+
+// The file keeps only the last name; the model keeps one per preset.
+void Preferences::saveRdsName(Band band, int index, const QString &name)
+{
+    if (!isValidBand(band) || !validPreset(index)) {
+        TUNER_WAR() << int(band) << index << "is not a preset, name not saved.";
+        return;
+    }
+    m_bands[band].rdsName[index] = name;
+    ConfFile file(m_settingsPath);
+    file.beginGroup(QStringLiteral("Tuner"));
+    file.setValue(QStringLiteral("rdsName"), name);
+    file.endGroup();
+    file.sync();
+}
+
+// --- state from the radio service -----------------------------------------
+
+void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max,
+                       int am_freq_min, int am_step, const QString &band_current_freq,
+                       const QString &band_position, const QString &fm_list, const QString &am_list)
+{
+    const QVector<int> currentFreqs = parseIntList(band_current_freq, "band_current_freq");
+    QVector<int> positions = parseIntList(band_position, "band_position");
+    for (int &id : positions)
+        id = id >= 1 ? id - 1 : kNoPreset; // the service counts presets from 1
+    QVector<int> fmPresets;
+    for (int f : parseIntList(fm_list, "fm_list"))
+        if (f > 0)
+            fmPresets.append(f);
+    QVector<int> amPresets;
+    for (int f : parseIntList(am_list, "am_list"))
+        if (f > 0)
+            amPresets.append(f);
+
+    ConfFile file(m_configPath);
+    file.beginGroup(QStringLiteral("Freq"));
+
+    auto setUpFamily = [&](int firstBand, int lastBand, int low, int high, int step,
+                           const QVector<int> &presets, const QString &prefix) {
+        int next = 0;
+        for (int b = firstBand; b <= lastBand && b < positions.size(); ++b) {
+            flagBand &band = m_bands[b];
+            band.lowFreq = low;
+            band.highFreq = high;
+            band.step = step;
+            const int id = positions.at(b);
+            band.btmFreqIdBefore = validPreset(id) ? id : 0;
+            band.presetIndex = band.btmFreqIdBefore;
+            file.beginGroup(prefix + QString::number(b));
+            if (b < currentFreqs.size())
+                band.currFreq = currentFreqs.at(b);
+            else
+                TUNER_WAR() << b << "has no current frequency in the list, kept" << band.currFreq;
+            file.setValue(QStringLiteral("CurrFreq"), band.currFreq);
+            band.currFreqId = id;
+            file.setValue(QStringLiteral("CurrFreqId"), id);
+            for (int i = 0; i < kPresetCount && next < presets.size(); ++i) {
+                band.presets[i] = presets.at(next++);
+                file.setValue(presetKey("preset_%1", i), band.presets[i]);
+            }
+            file.endGroup();
+        }
+    };
+
+    m_fmMax = fm_freq_max;
+    m_fmMin = fm_freq_min;
+    m_fmStep = fm_step;
+    setUpFamily(BAND_FM1, BAND_FM3, fm_freq_min, fm_freq_max, fm_step, fmPresets, QStringLiteral("FM"));
+    m_amMax = am_freq_max;
+    m_amMin = am_freq_min;
+    m_amStep = am_step;
+    setUpFamily(BAND_AM1, BAND_AM2, am_freq_min, am_freq_max, am_step, amPresets, QStringLiteral("AM"));
+
+    file.endGroup();
+    file.sync();
+
+    m_presetIndex = validPreset(playFreqId()) ? playFreqId() : 0;
+    m_presetBand = m_band;
+    m_btmBand = m_band;
+}
+
+// Names of the 18 FM presets arrive in two strings of nine: the first from
+// band 0 preset 0 up to band 1 preset 5, the second from band 1 preset 3 up
+// to band 2 preset 5. Empty parts are names too (a preset without one).
+static void fillRdsNames(Preferences::flagBand *bands, int band, int preset, int lastBand,
+                         const QString &names)
+{
+    const QStringList list = names.split(QLatin1Char(';'));
+    int next = 0;
+    for (; band <= lastBand && next < list.size(); ++band, preset = 0) {
+        for (; preset < kPresetCount && next < list.size(); ++preset)
+            bands[band].rdsName[preset] = list.at(next++);
+    }
+}
+
+void Preferences::setPsName1(const QString &names)
+{
+    fillRdsNames(m_bands, BAND_FM1, 0, BAND_FM2, names);
+}
+
+void Preferences::setPsName2(const QString &names)
+{
+    fillRdsNames(m_bands, BAND_FM2, 3, BAND_FM3, names);
+}
+
+// --- transient setters -----------------------------------------------------
+
+void Preferences::setSavePreset(int index, bool on)
+{
+    if (!validPreset(index)) {
+        TUNER_WAR() << index << "is not a preset, ignored.";
+        return;
+    }
+    current().savePreset[index] = on;
+}
+
+void Preferences::setPresetIndex(int index)
+{
+    if (!validPreset(index))
+        return;
+    m_presetIndex = index;
+    m_presetBand = m_band;
+    current().presetIndex = index;
+}
+
+void Preferences::btmStart()
+{
+    m_btmBand = m_band;
+    m_bands[m_btmBand].btmFreqIdBefore = m_bands[m_btmBand].presetIndex;
+}
+
+void Preferences::setbtmPlayFreqId(int id)
+{
+    m_bands[m_btmBand].currFreqId = id;
+}
+
+void Preferences::clearBtmFreqId()
+{
+    const int first = isFM() ? BAND_FM1 : BAND_AM1;
+    const int last = isFM() ? BAND_FM3 : BAND_AM2;
+    for (int b = first; b <= last; ++b)
+        m_bands[b].presetIndex = 0;
+}
+
+// --- getters ---------------------------------------------------------------
+
+int Preferences::favoritAt(int index) const
+{
+    return validPreset(index) ? current().presets[index] : 0;
+}
+
+int Preferences::favoritBandAt(Band band, int index) const
+{
+    if (!isValidBand(band) || !validPreset(index))
+        return 0;
+    return m_bands[band].presets[index];
+}
+
+bool Preferences::fmTA(int index) const
+{
+    return validPreset(index) && current().ta[index];
+}
+
+bool Preferences::fmAf(int index) const
+{
+    return validPreset(index) && current().af[index];
+}
+
+bool Preferences::savePresetState(int index) const
+{
+    return validPreset(index) && current().savePreset[index];
+}
+
+QString Preferences::rdsName(Band band, int index) const
+{
+    if (!isValidBand(band) || !validPreset(index))
+        return QString();
+    return m_bands[band].rdsName[index];
+}
+
+const Preferences::flagBand &Preferences::bandData(Band band) const
+{
+    if (!isValidBand(band)) {
+        TUNER_WAR() << int(band) << "is not a band, band 0 given.";
+        return m_bands[BAND_FM1];
+    }
+    return m_bands[band];
+}
+
+// The band name list has two entries (FM, AM) and is indexed by the band
+// number; bands past its end get their family's name.
+QString Preferences::bandName() const
+{
+    static const int names[] = {39, 49};
+    if (m_band < 2)
+        return Translator::translate(names[m_band]);
+    TUNER_WAR() << int(m_band) << "has no entry in the band name list, family name given.";
+    return Translator::translate(isFM() ? 39 : 49);
+}
+
+// Returns min(count, 18) even when the AM family fills only 12 entries.
+int Preferences::favorites(int *out, int count) const
+{
+    const int wanted = qMin(qMax(count, 0), kFmBandCount * kPresetCount);
+    if (!out)
+        return 0;
+    const int first = isFM() ? BAND_FM1 : BAND_AM1;
+    const int last = isFM() ? BAND_FM3 : BAND_AM2;
+    int n = 0;
+    for (int b = first; b <= last; ++b)
+        for (int i = 0; i < kPresetCount && n < wanted; ++i)
+            out[n++] = m_bands[b].presets[i];
+    return wanted;
+}
+
+int Preferences::freqDetect(int freq, int min, int max, int step)
+{
+    if (freq < min)
+        return min;
+    if (freq > max)
+        return max;
+    if (step <= 0) {
+        TUNER_WAR() << freq << min << max << step << "step is not positive, frequency not snapped.";
+        return freq;
+    }
+    if ((freq - min) % step != 0)
+        return min + step * ((freq - min) / step);
+    return freq;
+}
+
+QString Preferences::delControlChar(QString text)
+{
+    for (QChar &c : text) {
+        if (c.unicode() > 126)
+            c = QLatin1Char(' ');
+    }
+    return text;
+}
+
+} // namespace tuner

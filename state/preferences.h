@@ -1,0 +1,222 @@
+#pragma once
+
+#include "region.h"
+
+#include <QString>
+#include <QVariant>
+
+namespace tuner {
+
+// 0, 1, 2 are FM1..FM3; 3 and 4 are AM1 and AM2.
+enum Band { BAND_FM1 = 0, BAND_FM2 = 1, BAND_FM3 = 2, BAND_AM1 = 3, BAND_AM2 = 4 };
+
+enum InterruptType { INTERRUPT_NONE = 0, INTERRUPT_ALARM = 1, INTERRUPT_TA = 2 };
+
+constexpr int kNoPreset = 6; // preset id meaning "no preset lit"
+
+// The tuner's whole state. Persistent setters write the radio configuration
+// (or the settings file) at once; nothing is ever read back from them.
+class Preferences
+{
+public:
+    struct flagBand
+    {
+        int currFreq = 0;
+        int currFreqId = kNoPreset;
+        int lowFreq = 0;
+        int highFreq = 0;
+        int step = 0;
+        int btmFreqIdBefore = 0; // preset index when an automatic store started
+        int presetIndex = 0;
+        int presets[kPresetCount] = {};
+        bool ta[kPresetCount] = {};
+        bool af[kPresetCount] = {};
+        bool savePreset[kPresetCount] = {};
+        QString rdsName[kPresetCount];
+    };
+
+    static Preferences *getInstance();
+    // Drops the instance so the next getInstance() starts afresh (tests).
+    static void resetInstance();
+
+    // Persistent setters.
+    void setLocal(bool on);
+    void setTa(bool on);
+    void setAf(bool on);
+    void setRegional(bool on);
+    void setBand(Band band);
+    void setBand_FM(Band band);
+    void setBand_AM(Band band);
+    void setCurrPlayFreq(int freq);
+    void setPlayFreq(Band band, int freq);
+    void setCurrPlayFreqId(int id);
+    void clearFreqId(Band band, int id);
+    void setFavoriteFreq(int index, int freq);
+    void setFmTa(int index, bool on);
+    void setFmAf(int index, bool on);
+    void saveFreq(const int *freqs, int count);
+    void aftaState(const QString &aftaList);
+    void resetAfTa(int count);
+    void saveRdsName(Band band, int index, const QString &name);
+    void toggleTa() { setTa(!m_ta); }
+    void toggleAf() { setAf(!m_af); }
+    void toggleRegional() { setRegional(!m_regional); }
+    void togglelocal() { setLocal(!m_local); }
+
+    // Initial state from the radio service.
+    void init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min,
+              int am_step, const QString &band_current_freq, const QString &band_position,
+              const QString &fm_list, const QString &am_list);
+    void setPsName1(const QString &names);
+    void setPsName2(const QString &names);
+
+    // Transient state.
+    void setTaAlarmStatus(InterruptType type) { m_interrupt = type; }
+    void setTaStatus(bool on) { m_taStatus = on; }
+    void setSouOffTa(bool on) { m_souOffTa = on; }
+    void setSouOffAlarm(bool on) { m_souOffAlarm = on; }
+    void setAlarmStatus(bool on) { m_alarmStatus = on; }
+    void setCancelTa(bool on) { m_cancelTa = on; }
+    void setCancelAlarm(bool on) { m_cancelAlarm = on; }
+    void setCloseClick(bool on) { m_closeClicked = on; }
+    void setNumberKeyInter(bool on) { m_numberKeyInter = on; }
+    void setRdsStatus(int state) { m_rdsState = state; }
+    void setPty(int pty) { m_pty = pty < 0 ? 0 : pty; }
+    void setPtyItem(int type) { m_ptyType = type; }
+    void setPtySerchstate(int state) { m_ptySearchState = state; }
+    void setWorkState(int state) { m_workState = state; }
+    void setAutoCount(int count) { m_autoCount = count; }
+    void setCurRdsName(const QString &name) { m_curRdsName = name; }
+    void setCurPTYItem(const QString &item) { m_selectPty = item; }
+    void setPTYSerchName(const QString &name) { m_ptySearchName = name; }
+    void setSavePreset(int index, bool on);
+    void setPresetIndex(int index);
+    void btmStart();
+    void setbtmPlayFreqId(int id);
+    void clearBtmFreqId();
+
+    // Getters.
+    bool isLocal() const { return m_local; }
+    bool ta() const { return m_ta; }
+    bool af() const { return m_af; }
+    bool regional() const { return m_regional; }
+    bool closeClicked() const { return m_closeClicked; }
+    bool taStatus() const { return m_taStatus; }
+    bool SouOffTa() const { return m_souOffTa; }
+    bool SouOffAlarm() const { return m_souOffAlarm; }
+    bool alarmStatue() const { return m_alarmStatus; }
+    bool cancelTa() const { return m_cancelTa; }
+    bool cancelAlarm() const { return m_cancelAlarm; }
+    bool numberKeyInter() const { return m_numberKeyInter; }
+    InterruptType taOrAlarm() const { return m_interrupt; }
+    int fmMaxFreq() const { return m_fmMax; }
+    int fmMinFreq() const { return m_fmMin; }
+    int fmStep() const { return m_fmStep; }
+    int amMaxFreq() const { return m_amMax; }
+    int amMinFreq() const { return m_amMin; }
+    int amStep() const { return m_amStep; }
+    int rdsState() const { return m_rdsState; }
+    int pty() const { return m_pty; }
+    int presetIndex() const { return m_presetIndex; }
+    int autoCount() const { return m_autoCount; }
+    QString curRdsName() const { return m_curRdsName; }
+    QString selectPTY() const { return m_selectPty; }
+    QString PTYseachItem() const { return m_ptySearchName; }
+    int PTYtype() const { return m_ptyType; }
+    int PTYSeachState() const { return m_ptySearchState; }
+    int workState() const { return m_workState; }
+    Band presetBand() const { return m_presetBand; }
+    Band btmband() const { return m_btmBand; }
+    Band band() const { return m_band; }
+    Band band_FM() const { return m_bandFM; }
+    Band band_AM() const { return m_bandAM; }
+
+    bool isFM() const { return isFmBand(m_band); }
+    int playFreq() const { return current().currFreq; }
+    int playFreqId() const { return current().currFreqId; }
+    int lowFreq() const { return current().lowFreq; }
+    int highFreq() const { return current().highFreq; }
+    int stepFreq() const { return current().step; }
+    int curBandFreqId() const { return m_bands[m_btmBand].btmFreqIdBefore; }
+    int btmFreqIdAfter() const { return m_bands[m_btmBand].presetIndex; }
+    int favoritAt(int index) const;
+    int favoritBandAt(Band band, int index) const;
+    bool fmTA(int index) const;
+    bool fmAf(int index) const;
+    bool savePresetState(int index) const;
+    QString rdsName(Band band, int index) const;
+    QString bandName() const;
+    int favorites(int *out, int count) const;
+    const flagBand &bandData(Band band) const;
+
+    QString configPath() const { return m_configPath; }
+    QString settingsPath() const { return m_settingsPath; }
+
+    static int freqDetect(int freq, int min, int max, int step);
+    static QString delControlChar(QString text);
+    static bool isFmBand(int band) { return band >= BAND_FM1 && band <= BAND_FM3; }
+    static bool isValidBand(int band) { return band >= BAND_FM1 && band <= BAND_AM2; }
+
+private:
+    Preferences();
+    ~Preferences() = default;
+    Preferences(const Preferences &) = delete;
+    Preferences &operator=(const Preferences &) = delete;
+
+    class CGplayer
+    {
+    public:
+        ~CGplayer();
+    };
+
+    void loadDate();
+    const flagBand &current() const { return m_bands[m_band]; }
+    flagBand &current() { return m_bands[m_band]; }
+    int snapToBand(const flagBand &band, int freq) const;
+    QString bandGroup(int bandNumber) const;
+    void writeRadioConf(const QString &group, const QString &key, const QVariant &value) const;
+    void writeBandKey(int bandNumber, const QString &key, const QVariant &value) const;
+
+    static Preferences *p_Instance;
+
+    bool m_local = true;
+    bool m_ta = false;
+    bool m_af = false;
+    bool m_regional = true;
+    bool m_closeClicked = false;
+    bool m_taStatus = false;
+    bool m_souOffTa = false;
+    bool m_souOffAlarm = false;
+    bool m_alarmStatus = false;
+    bool m_cancelTa = false;
+    bool m_cancelAlarm = false;
+    bool m_numberKeyInter = false;
+    InterruptType m_interrupt = INTERRUPT_NONE;
+    int m_fmMax = 0;
+    int m_fmMin = 0;
+    int m_fmStep = 0;
+    int m_amMax = 0;
+    int m_amMin = 0;
+    int m_amStep = 0;
+    int m_rdsState = 0;
+    int m_pty = 0;
+    int m_presetIndex = 0;
+    int m_autoCount = 0;
+    QString m_curRdsName;
+    QString m_selectPty;
+    QString m_ptySearchName;
+    QString m_spare;
+    int m_ptyType = 0;
+    int m_ptySearchState = 6;
+    int m_workState = 0;
+    Band m_presetBand = BAND_FM1;
+    Band m_btmBand = BAND_FM1;
+    Band m_band = BAND_FM1;
+    Band m_bandFM = BAND_FM1;
+    Band m_bandAM = BAND_AM1;
+    flagBand m_bands[kBandCount];
+    QString m_configPath;
+    QString m_settingsPath;
+};
+
+} // namespace tuner

@@ -1,0 +1,380 @@
+#include "tunerfunction.h"
+
+#include "busproxies.h"
+#include "preferences.h"
+#include "settingsutil.h"
+#include "tunerlog.h"
+
+#include <QTimerEvent>
+
+namespace tuner {
+
+tunerfunction *tunerfunction::p_Instance = nullptr;
+
+namespace {
+
+constexpr int kManualRepeatMs = 300;
+constexpr int kPresetRepeatMs = 500;
+constexpr int kPtySearching = 3;
+
+Preferences *prefs()
+{
+    return Preferences::getInstance();
+}
+
+bool busyAutoOrPty(int w)
+{
+    return w == 1 || w == 4 || w == 5;
+}
+
+bool seeking(int w)
+{
+    return w == 2 || w == 3;
+}
+
+} // namespace
+
+tunerfunction::TFunction::~TFunction()
+{
+    delete tunerfunction::p_Instance;
+    tunerfunction::p_Instance = nullptr;
+}
+
+tunerfunction *tunerfunction::Instance()
+{
+    if (!p_Instance) {
+        static TFunction cleanup;
+        p_Instance = new tunerfunction;
+    }
+    return p_Instance;
+}
+
+void tunerfunction::resetInstance()
+{
+    delete p_Instance;
+    p_Instance = nullptr;
+}
+
+tunerfunction::tunerfunction()
+    : m_radio(bus::createRadioProxy(this))
+{
+}
+
+// Seek and manual clicks: a running automatic store or PTY search is only
+// stopped; a running seek is stopped and the playing frequency tuned again.
+tunerfunction::Gate tunerfunction::seekGate() const
+{
+    const int w = prefs()->workState();
+    if (busyAutoOrPty(w) || prefs()->PTYSeachState() == kPtySearching)
+        return Gate::Stop;
+    if (seeking(w))
+        return Gate::StopAndRetune;
+    return Gate::Run;
+}
+
+// Preset stepping ignores a PTY search flag; only the work state counts.
+tunerfunction::Gate tunerfunction::presetGate() const
+{
+    const int w = prefs()->workState();
+    if (busyAutoOrPty(w))
+        return Gate::Stop;
+    return seeking(w) ? Gate::StopAndRetune : Gate::Run;
+}
+
+bool tunerfunction::stopSearch(Gate gate)
+{
+    if (gate == Gate::Run)
+        return false;
+    m_radio->terminate();
+    if (gate == Gate::StopAndRetune)
+        m_radio->tune(prefs()->playFreq());
+    return true;
+}
+
+void tunerfunction::clearRdsState()
+{
+    prefs()->setRdsStatus(0);
+    prefs()->setCurRdsName(QString());
+}
+
+void tunerfunction::seekForward()
+{
+    clearRdsState();
+    if (stopSearch(seekGate()))
+        return;
+    prefs()->clearFreqId(prefs()->band(), kNoPreset);
+    prefs()->setPresetIndex(0);
+    m_radio->seekForward();
+}
+
+void tunerfunction::seekBackward()
+{
+    clearRdsState();
+    if (stopSearch(seekGate()))
+        return;
+    prefs()->clearFreqId(prefs()->band(), kNoPreset);
+    prefs()->setPresetIndex(0);
+    m_radio->seekBackward();
+}
+
+void tunerfunction::ManualPlusClicked()
+{
+    clearRdsState();
+    if (stopSearch(seekGate()))
+        return;
+    manualPlus();
+    m_radio->tune(prefs()->playFreq());
+}
+
+void tunerfunction::ManualMinusClicked()
+{
+    clearRdsState();
+    if (stopSearch(seekGate()))
+        return;
+    manualMinus();
+    m_radio->tune(prefs()->playFreq());
+}
+
+void tunerfunction::manualPlus()
+{
+    Preferences *p = prefs();
+    p->setCurrPlayFreqId(kNoPreset);
+    p->setPresetIndex(0);
+    int next = p->playFreq() + p->stepFreq();
+    if (next > p->highFreq())
+        next = p->lowFreq();
+    p->setCurrPlayFreq(next);
+}
+
+void tunerfunction::manualMinus()
+{
+    Preferences *p = prefs();
+    p->setCurrPlayFreqId(kNoPreset);
+    p->setPresetIndex(0);
+    int next = p->playFreq() - p->stepFreq();
+    if (next < p->lowFreq())
+        next = p->highFreq();
+    p->setCurrPlayFreq(next);
+}
+
+void tunerfunction::manualPressed(QBasicTimer &timer)
+{
+    clearRdsState();
+    const int w = prefs()->workState();
+    if (w == 1 || seeking(w))
+        m_radio->terminate();
+    m_radio->keyLongPress(1);
+    if (!timer.isActive())
+        timer.start(kManualRepeatMs, this);
+}
+
+// While the key is held only the stored frequency moves; the final one is tuned here.
+void tunerfunction::manualReleased(QBasicTimer &timer)
+{
+    m_radio->tune(prefs()->playFreq());
+    timer.stop();
+    m_radio->keyLongPress(0);
+}
+
+void tunerfunction::ManualPlusPressed()
+{
+    manualPressed(m_manualPlusTimer);
+}
+
+void tunerfunction::ManualPlusReleased()
+{
+    manualReleased(m_manualPlusTimer);
+}
+
+void tunerfunction::ManualMinusPressed()
+{
+    manualPressed(m_manualMinusTimer);
+}
+
+void tunerfunction::ManualMinusReleased()
+{
+    manualReleased(m_manualMinusTimer);
+}
+
+void tunerfunction::applyPresetTaAf(int preset)
+{
+    Preferences *p = prefs();
+    if (cm::SettingsUtil::instance()->getRdsAfTaTpSupport() != 1)
+        return;
+    p->setAf(p->fmAf(preset));
+    p->setTa(p->fmTA(preset));
+    m_radio->setTa(p->ta());
+    m_radio->setAf(p->af());
+}
+
+void tunerfunction::stepToPreset(int preset)
+{
+    Preferences *p = prefs();
+    p->setCurrPlayFreqId(preset);
+    m_radio->setPreset(preset);
+    if (!p->isFM())
+        return;
+    applyPresetTaAf(preset);
+    clearRdsState();
+    p->setTaStatus(false);
+    p->setAlarmStatus(false);
+}
+
+void tunerfunction::presetUP()
+{
+    if (stopSearch(presetGate()))
+        return;
+    Preferences *p = prefs();
+    const int current = p->playFreqId();
+    int band = p->band();
+    if (current == 5) {
+        if (p->isFM()) {
+            band = band == BAND_FM3 ? BAND_FM1 : band + 1;
+            m_radio->setband(band);
+            p->setBand_FM(Band(band));
+        } else {
+            band = band == BAND_AM2 ? BAND_AM1 : band + 1;
+            m_radio->setband(band);
+            p->setBand_AM(Band(band - BAND_AM1)); // relative to 3 here, as recorded by the head unit
+        }
+        p->setBand(Band(band));
+    }
+    const int next = (current + 1 >= 0 && current + 1 <= 5) ? current + 1 : 0;
+    stepToPreset(next);
+}
+
+void tunerfunction::presetDown()
+{
+    if (stopSearch(presetGate()))
+        return;
+    Preferences *p = prefs();
+    const int current = p->playFreqId();
+    int band = p->band();
+    int next = 0;
+    if (current == 0) {
+        if (p->isFM()) {
+            band = band == BAND_FM1 ? BAND_FM3 : band - 1;
+            m_radio->setband(band);
+            p->setBand_FM(Band(band));
+        } else {
+            band = band == BAND_AM1 ? BAND_AM2 : band - 1;
+            m_radio->setband(band);
+            p->setBand_AM(Band(band));
+        }
+        p->setBand(Band(band));
+        next = 5;
+    } else if (current >= 1 && current <= 5) {
+        next = current - 1;
+    }
+    stepToPreset(next);
+}
+
+void tunerfunction::presetUpPressed()
+{
+    if (!m_presetUpTimer.isActive())
+        m_presetUpTimer.start(kPresetRepeatMs, this);
+}
+
+void tunerfunction::presetUpReleased()
+{
+    m_presetUpTimer.stop();
+}
+
+void tunerfunction::presetDWPressed()
+{
+    if (!m_presetDownTimer.isActive())
+        m_presetDownTimer.start(kPresetRepeatMs, this);
+}
+
+void tunerfunction::presetDWReleased()
+{
+    m_presetDownTimer.stop();
+}
+
+void tunerfunction::presetSelect(int index)
+{
+    if (index < 0 || index >= kPresetCount) {
+        TUNER_WAR() << index << "is not a preset, ignored.";
+        return;
+    }
+    Preferences *p = prefs();
+    const int w = p->workState();
+    if ((w >= 1 && w <= 5) || p->PTYSeachState() == kPtySearching) {
+        m_radio->terminate();
+        return;
+    }
+    p->setPresetIndex(index);
+    p->setCurrPlayFreqId(index);
+    p->setTaStatus(false);
+    p->setAlarmStatus(false);
+    m_radio->setPreset(index);
+    if (!p->isFM())
+        return;
+    applyPresetTaAf(index);
+    p->setRdsStatus(0);
+}
+
+void tunerfunction::savePreset(int index)
+{
+    if (index < 0 || index >= kPresetCount) {
+        TUNER_WAR() << index << "is not a preset, nothing stored.";
+        return;
+    }
+    Preferences *p = prefs();
+    m_radio->savePreset(index);
+    p->setFavoriteFreq(index, p->playFreq());
+    p->setCurrPlayFreqId(index);
+    if (!p->isFM())
+        return;
+    // The head unit records the switches under preset 1 whatever preset was stored.
+    p->setFmAf(1, p->af());
+    p->setFmTa(1, p->ta());
+    p->saveRdsName(p->band(), index, p->curRdsName());
+}
+
+void tunerfunction::changBand()
+{
+    Preferences *p = prefs();
+    if (p->PTYSeachState() == kPtySearching) {
+        m_radio->terminate();
+        return;
+    }
+    const int w = p->workState();
+    if (w >= 1 && w <= 3)
+        m_radio->terminate();
+    int next = p->band() + 1;
+    if (next > BAND_AM2)
+        next = BAND_FM1;
+    if (Preferences::isFmBand(next))
+        p->setBand_FM(Band(next));
+    else
+        p->setBand_AM(Band(next));
+    p->setBand(Band(next));
+    m_radio->setband(next);
+}
+
+void tunerfunction::clearFreqid()
+{
+    Preferences *p = prefs();
+    const int first = p->isFM() ? BAND_FM1 : BAND_AM1;
+    const int last = p->isFM() ? BAND_FM3 : BAND_AM2;
+    for (int b = first; b <= last; ++b)
+        p->clearFreqId(Band(b), kNoPreset);
+}
+
+void tunerfunction::timerEvent(QTimerEvent *event)
+{
+    const int id = event->timerId();
+    if (id == m_manualPlusTimer.timerId())
+        manualPlus();
+    else if (id == m_manualMinusTimer.timerId())
+        manualMinus();
+    else if (id == m_presetUpTimer.timerId())
+        presetUP();
+    else if (id == m_presetDownTimer.timerId())
+        presetDown();
+    else
+        QObject::timerEvent(event);
+}
+
+} // namespace tuner

@@ -1,5 +1,7 @@
 #include "servicebackend.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QMutexLocker>
 
 ServiceBackend::ServiceBackend(QObject *parent)
@@ -51,16 +53,27 @@ void ServiceBackend::setHung(bool hung)
     m_hung = hung;
 }
 
+void ServiceBackend::setMalformed(bool malformed)
+{
+    QMutexLocker lock(&m_mutex);
+    m_malformed = malformed;
+}
+
 void ServiceBackend::record(const char *member, const QVariantList &args)
 {
     bool hung = false;
+    bool malformed = false;
     {
         QMutexLocker lock(&m_mutex);
         m_calls.append({QString::fromLatin1(member), args});
         hung = m_hung;
+        malformed = m_malformed;
     }
-    if (hung && calledFromDBus())
-        setDelayedReply(true); // and never send it
+    if (calledFromDBus() && (hung || malformed)) {
+        setDelayedReply(true); // a hung service never sends it
+        if (malformed)
+            connection().send(message().createReply(QVariant(-1.5)));
+    }
     emit called(QString::fromLatin1(member), args);
 }
 

@@ -32,6 +32,8 @@ public:
     void setAnswer(const QString &member, const QVariant &value);
     // A hung service keeps its name on the bus but never replies.
     void setHung(bool hung);
+    // Every reply carries a double, a type no method of the XML returns.
+    void setMalformed(bool malformed);
 
 signals:
     void called(const QString &member, const QVariantList &args);
@@ -53,4 +55,5 @@ private:
     QList<Call> m_calls;
     QHash<QString, QVariant> m_answers;
     bool m_hung = false;
+    bool m_malformed = false;
 };

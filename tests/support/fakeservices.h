@@ -1,0 +1,39 @@
+#pragma once
+
+#include "nilomcuservicebackend.h"
+#include "niloradioservicebackend.h"
+#include "nilosourceservicebackend.h"
+
+#include <QDBusConnection>
+#include <QThread>
+
+// The three services as recording fakes on the test's private bus. They run in
+// a thread of their own with a connection of their own, so the code under test
+// may block on a getter and still be answered.
+class FakeServices
+{
+public:
+    FakeServices();
+    ~FakeServices();
+
+    // Claims the bus names and exports the objects; false if that failed.
+    bool start();
+    // Gives the names up again (the services vanish from the bus).
+    void stop();
+
+    NiloRadioServiceBackend *radio() const { return m_radio; }
+    NiloMcuServiceBackend *mcu() const { return m_mcu; }
+    NiloSourceServiceBackend *source() const { return m_source; }
+    void clearCalls();
+
+    // Runs `emitter` in the fakes' thread and waits for it, so signals leave in order.
+    void inServiceThread(const std::function<void()> &emitter);
+
+private:
+    QThread m_thread;
+    QDBusConnection m_connection;
+    NiloRadioServiceBackend *m_radio;
+    NiloMcuServiceBackend *m_mcu;
+    NiloSourceServiceBackend *m_source;
+    bool m_started = false;
+};

@@ -1,0 +1,77 @@
+#include "teststate.h"
+
+#include "preferences.h"
+#include "settingsutil.h"
+#include "tunerfunction.h"
+#include "tuneroptions.h"
+
+#include <QFile>
+#include <QSettings>
+
+TestState::TestState()
+    : TestState(Vehicle())
+{
+}
+
+TestState::TestState(const Vehicle &vehicle)
+{
+    qputenv("TUNER_ROOT", m_dir.path().toUtf8());
+    qputenv("NILO_DIR", (m_dir.path() + QLatin1String("/nilo")).toUtf8());
+    qputenv("NILO_VEHICLE_CONF", (m_dir.path() + QLatin1String("/vehicle.ini")).toUtf8());
+    setVehicle(vehicle);
+}
+
+TestState::~TestState()
+{
+    tuner::tunerfunction::resetInstance();
+    tuner::Preferences::resetInstance();
+    tuner::g_TunerCurDSPL = 0;
+}
+
+QString TestState::radioConf() const
+{
+    return m_dir.path() + QLatin1String("/system/etc/radio.conf");
+}
+
+QString TestState::settingsIni() const
+{
+    return m_dir.path() + QLatin1String("/media/flash/nvm/settings.ini");
+}
+
+QVariant TestState::radioConfValue(const QString &key) const
+{
+    return QSettings(radioConf(), QSettings::IniFormat).value(key);
+}
+
+QVariant TestState::settingsValue(const QString &key) const
+{
+    return QSettings(settingsIni(), QSettings::IniFormat).value(key);
+}
+
+void TestState::setVehicle(const Vehicle &vehicle)
+{
+    writeVehicleText(QStringLiteral("[Vehicle]\nDestination=%1\nRdsSupport=%2\nRdsAfTaTpSupport=%3\n"
+                                    "RegionalSupport=%4\nRadioInfoDispLine=%5\n")
+                         .arg(vehicle.destination)
+                         .arg(vehicle.rdsSupport)
+                         .arg(vehicle.rdsAfTaTpSupport)
+                         .arg(vehicle.regionalSupport)
+                         .arg(vehicle.radioInfoDispLine));
+}
+
+void TestState::writeVehicleText(const QString &text)
+{
+    QFile file(m_dir.path() + QLatin1String("/vehicle.ini"));
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(text.toUtf8());
+    file.close();
+    reset();
+}
+
+void TestState::reset()
+{
+    cm::SettingsUtil::instance()->reload();
+    tuner::tunerfunction::resetInstance();
+    tuner::Preferences::resetInstance();
+    tuner::g_TunerCurDSPL = 0;
+}

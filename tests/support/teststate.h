@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+#include <QVariant>
+
+// A fresh tuner state for one test: TUNER_ROOT and NILO_DIR in a temporary
+// folder, a vehicle configuration of the test's choosing, and the singletons
+// dropped so they are built again from it.
+class TestState
+{
+public:
+    struct Vehicle
+    {
+        int destination = 0;
+        int rdsSupport = 1;
+        int rdsAfTaTpSupport = 1;
+        int regionalSupport = 1;
+        int radioInfoDispLine = 1;
+    };
+
+    TestState();
+    explicit TestState(const Vehicle &vehicle);
+    ~TestState();
+
+    QString root() const { return m_dir.path(); }
+    QString radioConf() const;
+    QString settingsIni() const;
+    // A key of radio.conf ("Freq/FM0/CurrFreq"), read from the file as it is now.
+    QVariant radioConfValue(const QString &key) const;
+    QVariant settingsValue(const QString &key) const;
+    // Writes the vehicle configuration and makes the host read it again.
+    void setVehicle(const Vehicle &vehicle);
+    void writeVehicleText(const QString &text);
+
+private:
+    void reset();
+
+    QTemporaryDir m_dir;
+};

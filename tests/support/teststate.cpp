@@ -17,7 +17,6 @@ TestState::TestState(const Vehicle &vehicle)
 {
     qputenv("TUNER_ROOT", m_dir.path().toUtf8());
     qputenv("NILO_DIR", (m_dir.path() + QLatin1String("/nilo")).toUtf8());
-    qputenv("NILO_VEHICLE_CONF", (m_dir.path() + QLatin1String("/vehicle.ini")).toUtf8());
     setVehicle(vehicle);
 }
 
@@ -61,7 +60,12 @@ void TestState::setVehicle(const Vehicle &vehicle)
 
 void TestState::writeVehicleText(const QString &text)
 {
-    QFile file(m_dir.path() + QLatin1String("/vehicle.ini"));
+    // A new file each time: QSettings caches by path and may miss a quick
+    // rewrite of the same size.
+    static int generation = 0;
+    const QString path = m_dir.path() + QStringLiteral("/vehicle-%1.ini").arg(++generation);
+    qputenv("NILO_VEHICLE_CONF", path.toUtf8());
+    QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(text.toUtf8());
     file.close();

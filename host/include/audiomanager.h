@@ -34,4 +34,5 @@ private:
     int m_result = FocusGranted;
     IAudioFocusChangeListener *m_listener = nullptr;
     QPointer<QObject> m_listenerObject; // to notice a listener that was deleted
+    bool m_listenerTracked = false;
 };

@@ -14,6 +14,7 @@ int AudioManager::requestAudioFocus(int streamType, int durationHint, IAudioFocu
     if (result == FocusGranted && listener) {
         m_listener = listener;
         m_listenerObject = dynamic_cast<QObject *>(listener);
+        m_listenerTracked = !m_listenerObject.isNull();
     }
     emit focusRequested(streamType, durationHint, listener ? listener->clientId() : QString(), result);
     return result;
@@ -24,6 +25,7 @@ void AudioManager::abandonAudioFocus(IAudioFocusChangeListener *listener)
     if (listener == m_listener) {
         m_listener = nullptr;
         m_listenerObject = nullptr;
+        m_listenerTracked = false;
     }
 }
 
@@ -34,8 +36,8 @@ void AudioManager::setFocusResult(int result)
 
 IAudioFocusChangeListener *AudioManager::listener() const
 {
-    // A QObject listener that has been deleted must not be called.
-    if (m_listener && dynamic_cast<QObject *>(m_listener) != nullptr && m_listenerObject.isNull())
+    // A QObject listener that has been deleted must not be called (nor touched).
+    if (m_listenerTracked && m_listenerObject.isNull())
         return nullptr;
     return m_listener;
 }

@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-class NiloMcuServiceInterface;
+class HostMcuServiceProxy;
 
 // The host's door to the MCU service: every request is a call on
 // nilo.McuService, so beeps and audio states can be watched on the bus.
@@ -34,5 +34,5 @@ public:
 private:
     McuManager();
 
-    NiloMcuServiceInterface *m_mcu;
+    HostMcuServiceProxy *m_mcu;
 };

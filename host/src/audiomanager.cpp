@@ -1,6 +1,6 @@
 #include "audiomanager.h"
 
-#include "tunerlog.h"
+#include "hostlog.h"
 
 AudioManager *AudioManager::instance()
 {
@@ -46,7 +46,7 @@ bool AudioManager::dispatchFocusChange(int focusChange)
 {
     IAudioFocusChangeListener *target = listener();
     if (!target) {
-        TUNER_WAR() << focusChange << "no audio focus listener.";
+        HOST_WAR() << focusChange << "no audio focus listener.";
         return false;
     }
     target->onAudioFocusChange(focusChange);

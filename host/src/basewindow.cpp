@@ -2,7 +2,7 @@
 
 #include "hostevents.h"
 #include "translator.h"
-#include "tunerlog.h"
+#include "hostlog.h"
 
 #include <QCoreApplication>
 #include <QWidget>
@@ -133,7 +133,7 @@ void BaseWindow::postEvent(QEvent *event)
     if (!event)
         return;
     if (!hostObject()) {
-        TUNER_WAR() << event->type() << "no host to receive the event, dropped.";
+        HOST_WAR() << event->type() << "no host to receive the event, dropped.";
         delete event;
         return;
     }

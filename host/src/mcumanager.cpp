@@ -1,6 +1,13 @@
 #include "mcumanager.h"
 
-#include "busproxies.h"
+#include "host_mcuservice_proxy.h"
+
+#include <QDBusConnection>
+
+namespace {
+// A beep is fire-and-forget; this only bounds the host's own getters.
+constexpr int kMcuCallTimeoutMs = 150;
+} // namespace
 
 McuManager *McuManager::instance()
 {
@@ -9,8 +16,10 @@ McuManager *McuManager::instance()
 }
 
 McuManager::McuManager()
-    : m_mcu(tuner::bus::createMcuProxy(this))
+    : m_mcu(new HostMcuServiceProxy(QStringLiteral("com.nilo.mcu"), QStringLiteral("/McuService"),
+                                    QDBusConnection::sessionBus(), this))
 {
+    m_mcu->setTimeout(kMcuCallTimeoutMs);
 }
 
 // Requests are fire-and-forget: the MCU answers nothing the host waits for.

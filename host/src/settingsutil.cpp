@@ -1,6 +1,6 @@
 #include "settingsutil.h"
 
-#include "tunerlog.h"
+#include "hostlog.h"
 
 #include <QSettings>
 
@@ -16,7 +16,7 @@ int readInt(QSettings &settings, const char *key, int fallback)
     bool ok = false;
     const int number = value.toInt(&ok);
     if (!ok) {
-        TUNER_WAR() << key << value.toString() << "is not a number, using" << fallback;
+        HOST_WAR() << key << value.toString() << "is not a number, using" << fallback;
         return fallback;
     }
     return number;
@@ -48,7 +48,7 @@ void SettingsUtil::reload()
         return;
     QSettings settings(path, QSettings::IniFormat);
     if (settings.status() != QSettings::NoError) {
-        TUNER_WAR() << path << "cannot be read, using the defaults.";
+        HOST_WAR() << path << "cannot be read, using the defaults.";
         return;
     }
     settings.beginGroup(QStringLiteral("Vehicle"));

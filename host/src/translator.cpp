@@ -1,6 +1,6 @@
 #include "translator.h"
 
-#include "tunerlog.h"
+#include "hostlog.h"
 
 #include <QFile>
 #include <QTranslator>
@@ -55,7 +55,7 @@ QString Translator::translate(int id)
 {
     const QString text = catalogue().translator->translate(nullptr, messageId(id).constData());
     if (text.isEmpty())
-        TUNER_WAR() << id << "has no text in catalogue" << catalogue().language;
+        HOST_WAR() << id << "has no text in catalogue" << catalogue().language;
     return text;
 }
 
@@ -63,7 +63,7 @@ bool Translator::setLanguage(const QString &language)
 {
     if (catalogue().load(language))
         return true;
-    TUNER_WAR() << language << "has no catalogue, keeping" << catalogue().language;
+    HOST_WAR() << language << "has no catalogue, keeping" << catalogue().language;
     return false;
 }
 

@@ -1,0 +1,746 @@
+#include "mainwindow.h"
+
+#include "audiomanager.h"
+#include "busproxies.h"
+#include "busreply.h"
+#include "hostevents.h"
+#include "mainwidget.h"
+#include "mcumanager.h"
+#include "preferences.h"
+#include "settingsutil.h"
+#include "tunerfunction.h"
+#include "tunerlog.h"
+#include "tuneroptions.h"
+
+#include <QTimerEvent>
+#include <QVector>
+
+namespace tuner {
+
+namespace {
+
+constexpr int kPresetRepeatMs = 1000;
+constexpr int kSourceTa = 6;
+constexpr int kPtySearching = 3;
+
+enum Phase { Pressed = 1002, ShortReleased = 1003, LongPressed = 1004, LongReleased = 1005 };
+
+Preferences *prefs()
+{
+    return Preferences::getInstance();
+}
+
+tunerfunction *keys()
+{
+    return tunerfunction::Instance();
+}
+
+bool afTaTpSupported()
+{
+    return cm::SettingsUtil::instance()->getRdsAfTaTpSupport() == 1;
+}
+
+bool isPresetRepeatKey(int key)
+{
+    return key == 44 || key == 45 || key == 116 || key == 121;
+}
+
+bool isPresetUpKey(int key)
+{
+    return key == 44 || key == 121;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QObject *parent)
+    : cm::BaseWindow(parent)
+    , m_radio(bus::createRadioProxy(this))
+    , m_mcu(bus::createMcuProxy(this))
+    , m_source(bus::createSourceProxy(this))
+{
+    connect(m_radio, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
+            this, SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
+    connect(m_radio, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
+    connect(m_radio, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
+    connect(m_radio, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
+    connect(m_radio, SIGNAL(stationChanged(int,int)), this, SLOT(onStaionChanged(int,int)));
+    connect(m_radio, SIGNAL(autoScanCompleted(QString)), this, SLOT(onAutoScanCompleted(QString)));
+    connect(m_radio, SIGNAL(statusChanged(int)), this, SLOT(onstatusChanged(int)));
+    connect(m_radio, SIGNAL(tp_pi_status(int)), this, SLOT(onPiTpStatus(int)));
+    connect(m_radio, SIGNAL(seekState(int)), this, SLOT(onPTYSeekState(int)));
+    connect(m_radio, SIGNAL(work_status(int)), this, SLOT(onWorkStatus(int)));
+    connect(m_radio, SIGNAL(ProgramName(QString)), this, SLOT(onRdsName(QString)));
+    connect(m_source, SIGNAL(windowAndSourceChanged(int,int)), this, SLOT(onSourceChange(int,int)));
+
+    loadInitialState();
+}
+
+MainWindow::~MainWindow()
+{
+    // A stack the host never adopted is still ours.
+    if (m_mainWidget && !m_mainWidget->parent())
+        delete m_mainWidget;
+}
+
+// One blocking call per value, in this order; the results go through the
+// same slots as the service's signals.
+void MainWindow::loadInitialState()
+{
+    const int bandSwitch = bus::replyValue(m_radio->bandSwitch(), "bandSwitch");
+    const int bandId = bus::replyValue(m_radio->bandId(), "bandId");
+    const QString fmList = bus::replyValue(m_radio->fmList(), "fmList");
+    const QString amList = bus::replyValue(m_radio->amList(), "amList");
+    const int fmMax = bus::replyValue(m_radio->fmMaxFreq(), "fmMaxFreq");
+    const int fmMin = bus::replyValue(m_radio->fmMinFreq(), "fmMinFreq");
+    const int fmStep = bus::replyValue(m_radio->fmStep(), "fmStep");
+    const int amMax = bus::replyValue(m_radio->amMaxFreq(), "amMaxFreq");
+    const int amMin = bus::replyValue(m_radio->amMinFreq(), "amMinFreq");
+    const int amStep = bus::replyValue(m_radio->amStep(), "amStep");
+    const QString bandCurFreq = bus::replyValue(m_radio->bandCurFreq(), "bandCurFreq");
+    const QString bandPos = bus::replyValue(m_radio->bandPos(), "bandPos");
+    const int local = bus::replyValue(m_radio->initLocal(), "initLocal");
+    const int regional = bus::replyValue(m_radio->initRegional(), "initRegional");
+    onInitDate(bandSwitch, bandId, fmList, amList, 0, 0, 0, 0, 0, fmMax, fmMin, fmStep, amMax, amMin, amStep,
+               bandCurFreq, bandPos, local, regional);
+
+    const QString aftaList = bus::replyValue(m_radio->initAfTaList(), "initAfTaList");
+    onAftaState(aftaList, bus::replyValue(m_radio->initAfTa(), "initAfTa"));
+    onPsName1(bus::replyValue(m_radio->initPsName1(), "initPsName1"));
+    onPsName2(bus::replyValue(m_radio->initPsName2(), "initPsName2"));
+    onPiTpStatus(bus::replyValue(m_radio->piTpStatus(), "piTpStatus"));
+    onRdsName(bus::replyValue(m_radio->rdsProgramName(), "rdsProgramName"));
+    onstatusChanged(bus::replyValue(m_radio->RDSstate(), "RDSstate"));
+}
+
+void MainWindow::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_repeatTimer.timerId())
+        return cm::BaseWindow::timerEvent(event);
+    if (m_repeatKey == 0 || !isPresetRepeatKey(m_repeatKey)) {
+        m_repeatTimer.stop();
+        return;
+    }
+    if (prefs()->workState() == 1)
+        return;
+    if (isPresetUpKey(m_repeatKey))
+        keys()->presetUP();
+    else
+        keys()->presetDown();
+    if (m_mainWidget)
+        m_mainWidget->updatePresetChecked();
+}
+
+void MainWindow::onCreate()
+{
+    cm::BaseWindow::onCreate();
+    if (m_mainWidget) {
+        m_mainWidget->resume();
+        return;
+    }
+    m_mainWidget = new MainWidget;
+    setMainWidget(m_mainWidget);
+    connect(m_mainWidget, SIGNAL(alarmCancel()), this, SLOT(onTaskEvtAlarmCancel()));
+    connect(m_mainWidget, SIGNAL(cancelTaAlarm()), this, SLOT(onCancelTaAlarm()));
+    connect(m_mainWidget, SIGNAL(destroyed()), this, SLOT(onDestroyObj()));
+}
+
+int MainWindow::currentWindow()
+{
+    return bus::replyValue(m_source->currentWindow(), "currentWindow");
+}
+
+void MainWindow::onDestroy()
+{
+    // A PTY search started from one of these windows is stopped with the window.
+    const bool searchWindow = currentWindow() == 9 || currentWindow() == 5 || currentWindow() == 3;
+    if (searchWindow && prefs()->PTYSeachState() == kPtySearching)
+        m_radio->terminate();
+    g_TunerCurDSPL = 0;
+    if (m_mainWidget)
+        m_mainWidget->hide();
+    deleteDelay();
+}
+
+void MainWindow::onShow()
+{
+    cm::BaseWindow::onShow();
+    start();
+}
+
+bool MainWindow::keyEvent(KeyEvent *)
+{
+    return false;
+}
+
+QString MainWindow::name() const
+{
+    return QStringLiteral("tuner");
+}
+
+void MainWindow::start()
+{
+    // 1 means refused; nothing else happens then.
+    if (AudioManager::instance()->requestAudioFocus(1, 1, this) == 1)
+        return;
+    m_active = true;
+    McuManager::instance()->updateAudioChannel(McuManager::AudioChannelRadio);
+    Preferences *p = prefs();
+    if (p->taOrAlarm() == INTERRUPT_TA && !p->cancelTa()) {
+        p->setTaStatus(false);
+        onPiTpStatus(3);
+    } else if (p->taOrAlarm() == INTERRUPT_ALARM && !p->cancelAlarm()) {
+        p->setAlarmStatus(false);
+        onPiTpStatus(5);
+    }
+}
+
+void MainWindow::stop() {}
+
+void MainWindow::onAudioFocusChange(int focus)
+{
+    if (focus != -1 && focus != -2)
+        return;
+    Preferences *p = prefs();
+    m_active = false;
+    m_radio->terminate();
+    if (p->workState() == 3 || p->workState() == 2)
+        m_radio->tune(p->playFreq());
+    if (p->taOrAlarm() != INTERRUPT_NONE)
+        McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+    if (p->taOrAlarm() == INTERRUPT_TA)
+        m_radio->taAlarmCancel(1);
+}
+
+QString MainWindow::clientId() const
+{
+    return QStringLiteral("tuner");
+}
+
+void MainWindow::onDestroyObj()
+{
+    m_mainWidget = nullptr;
+}
+
+void MainWindow::onTaskEvtAlarmCancel()
+{
+    postEvent(new TaskEvent(Qx::TaskAlarmCancel));
+}
+
+void MainWindow::onCancelTaAlarm()
+{
+    Preferences *p = prefs();
+    if (!p->taStatus())
+        return;
+    p->setTaStatus(false);
+    p->setTaAlarmStatus(INTERRUPT_TA);
+    onPiTpStatus(3);
+}
+
+void MainWindow::onBackToHome()
+{
+    postEvent(new TouchEvent(Qx::TouchBackToHome));
+}
+
+void MainWindow::onAftaState(const QString &aftaList, int cur_afta)
+{
+    Preferences *p = prefs();
+    p->setTa(false);
+    p->setAf(false);
+    if (cur_afta == 2) {
+        p->setTa(true);
+    } else if (cur_afta == 1) {
+        p->setAf(true);
+    } else if (cur_afta == 3) {
+        p->setTa(true);
+        p->setAf(true);
+    }
+    p->aftaState(aftaList);
+    if (p->isFM()) {
+        m_radio->setTa(p->ta());
+        m_radio->setAf(p->af());
+    } else {
+        m_radio->setTa(false);
+        m_radio->setAf(false);
+    }
+}
+
+// The last two arguments carry the Local and Regional switches, whatever
+// their names say.
+void MainWindow::onInitDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list,
+                            int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning,
+                            int current_band_num, int fm_freq_max, int fm_freq_min, int fm_step,
+                            int am_freq_max, int am_freq_min, int am_step, const QString &band_current_freq,
+                            const QString &band_position, int fm_press_id, int am_press_id)
+{
+    Q_UNUSED(current_fm_freq)
+    Q_UNUSED(current_am_freq)
+    Q_UNUSED(fm_istuning)
+    Q_UNUSED(am_istuning)
+    Q_UNUSED(current_band_num)
+    Preferences *p = prefs();
+    p->setBand(Band(band_id));
+    if (band_switch != 0) {
+        p->setBand_AM(Band(band_id));
+        p->setBand_FM(BAND_FM1);
+    } else {
+        p->setBand_AM(BAND_AM1);
+        p->setBand_FM(Band(band_id));
+    }
+    p->setLocal(fm_press_id != 0);
+    p->setRegional(am_press_id != 0);
+    p->init(fm_freq_max, fm_freq_min, fm_step, am_freq_max, am_freq_min, am_step, band_current_freq,
+            band_position, fm_list, am_list);
+    if (!p->isFM() && m_mainWidget)
+        m_mainWidget->updateFreq();
+}
+
+void MainWindow::onPsName1(const QString &string)
+{
+    prefs()->setPsName1(string);
+}
+
+void MainWindow::onPsName2(const QString &string)
+{
+    prefs()->setPsName2(string);
+    if (prefs()->isFM() && m_mainWidget)
+        m_mainWidget->updateFreq();
+}
+
+void MainWindow::onAutoScanCompleted(const QString &freqList)
+{
+    Preferences *p = prefs();
+    QVector<int> freqs;
+    for (const QString &part : freqList.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const int freq = part.toInt(nullptr, 10);
+        if (freq > 0)
+            freqs.append(freq);
+    }
+    if (!freqs.isEmpty()) {
+        p->saveFreq(freqs.constData(), freqs.size());
+        if (p->isFM()) {
+            p->resetAfTa(freqs.size());
+            int left = freqs.size();
+            for (int b = p->btmband(), i = p->curBandFreqId(); b <= BAND_FM3 && left > 0; ++b, i = 0) {
+                for (; i <= 5 && left > 0; ++i, --left)
+                    p->saveRdsName(Band(b), i, QString());
+            }
+            if (p->numberKeyInter() && afTaTpSupported()) {
+                const bool ta = p->fmTA(p->btmFreqIdAfter());
+                const bool af = p->fmAf(p->btmFreqIdAfter());
+                p->setAf(af);
+                p->setTa(ta);
+                m_radio->setTa(ta);
+                m_radio->setAf(af);
+            }
+        }
+    }
+    if (m_mainWidget)
+        m_mainWidget->autoScanCompleted(freqList);
+    else
+        p->setbtmPlayFreqId(p->numberKeyInter() ? p->btmFreqIdAfter() : p->curBandFreqId());
+}
+
+void MainWindow::onTAStatus(int) {}
+
+// 3 traffic announcement starts, 4 ends, 5 alarm starts, 6 ends.
+void MainWindow::onPiTpStatus(int pitpState)
+{
+    Preferences *p = prefs();
+    switch (pitpState) {
+    case 3:
+        if (!(p->taOrAlarm() == INTERRUPT_ALARM && !p->cancelAlarm()))
+            p->setTaAlarmStatus(INTERRUPT_TA);
+        if (!m_active)
+            p->setSouOffTa(true);
+        break;
+    case 5:
+        p->setTaAlarmStatus(INTERRUPT_ALARM);
+        p->setCancelAlarm(false);
+        p->setSouOffAlarm(true);
+        break;
+    case 4:
+        p->setCancelTa(false);
+        if (!p->SouOffAlarm())
+            p->setTaAlarmStatus(INTERRUPT_NONE);
+        p->setSouOffTa(false);
+        break;
+    case 6:
+        p->setCancelAlarm(false);
+        p->setSouOffAlarm(false);
+        p->setTaAlarmStatus(INTERRUPT_NONE);
+        break;
+    default:
+        break;
+    }
+
+    if (!m_active && pitpState != 4 && pitpState != 6)
+        return;
+    if (m_mainWidget)
+        m_mainWidget->piTpStatus(pitpState);
+    if (!afTaTpSupported() || !p->isFM())
+        return;
+
+    McuManager *mcu = McuManager::instance();
+    const bool alarmLive = p->alarmStatue() && !p->cancelAlarm();
+    switch (pitpState) {
+    case 3:
+        if (!alarmLive && !p->taStatus())
+            mcu->updateAudioStatus(McuManager::AudioStatusInterruptStart);
+        p->setTaStatus(true);
+        p->setCancelTa(false);
+        break;
+    case 4:
+        if (!alarmLive && p->taStatus()) {
+            mcu->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+            p->setTaAlarmStatus(INTERRUPT_NONE);
+        }
+        p->setTaStatus(false);
+        p->setCancelTa(false);
+        break;
+    case 5:
+        if (!p->alarmStatue())
+            mcu->updateAudioStatus(McuManager::AudioStatusInterruptStart);
+        p->setAlarmStatus(true);
+        break;
+    case 6:
+        if (p->alarmStatue()) {
+            mcu->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+            p->setTaAlarmStatus(INTERRUPT_NONE);
+        }
+        p->setAlarmStatus(false);
+        p->setCancelAlarm(false);
+        // An announcement that the alarm interrupted comes back.
+        if ((p->taStatus() && !p->cancelTa()) || p->SouOffTa()) {
+            p->setTaStatus(false);
+            onPiTpStatus(3);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void MainWindow::onstatusChanged(int state)
+{
+    if (m_mainWidget)
+        m_mainWidget->statusChanged(state);
+    prefs()->setRdsStatus(state);
+}
+
+void MainWindow::onPTYSeekState(int type)
+{
+    Preferences *p = prefs();
+    if (type == 6) {
+        if (p->taStatus())
+            p->setTaStatus(false);
+        if (p->alarmStatue())
+            p->setAlarmStatus(false);
+    }
+    p->setPtySerchstate(type);
+    if (m_mainWidget)
+        m_mainWidget->PTYsearchStatus(type);
+    if (currentWindow() == 9 && type == kPtySearching)
+        m_radio->terminate();
+}
+
+void MainWindow::onWorkStatus(int state)
+{
+    Preferences *p = prefs();
+    if (state >= 1 && state <= 5) {
+        if (p->taStatus())
+            p->setTaStatus(false);
+        if (p->alarmStatue())
+            p->setAlarmStatus(false);
+    }
+    p->setWorkState(state);
+}
+
+void MainWindow::onRdsName(const QString &name)
+{
+    if (m_mainWidget)
+        m_mainWidget->RDSName(name);
+    prefs()->setCurRdsName(name);
+}
+
+void MainWindow::onSourceChange(int winId, int src)
+{
+    Q_UNUSED(winId)
+    if (src != kSourceTa)
+        return;
+    Preferences *p = prefs();
+    if (p->taOrAlarm() == INTERRUPT_TA)
+        p->setCancelTa(false);
+    else if (p->taOrAlarm() == INTERRUPT_ALARM)
+        p->setCancelAlarm(false);
+}
+
+void MainWindow::onStaionChanged(int freq, int band)
+{
+    Q_UNUSED(band)
+    prefs()->setCurrPlayFreq(freq);
+}
+
+// --- hardware and steering-wheel keys ----------------------------------------
+
+void MainWindow::beep(int state)
+{
+    m_mcu->triggerBeep(state);
+}
+
+void MainWindow::cancelInterrupt()
+{
+    Preferences *p = prefs();
+    if (p->taOrAlarm() != INTERRUPT_NONE)
+        beep(0);
+    if (m_mainWidget)
+        m_mainWidget->InterruptCancel();
+    else
+        McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+
+    if (p->taOrAlarm() == INTERRUPT_TA) {
+        m_radio->taAlarmCancel(1);
+        onTaskEvtAlarmCancel();
+        p->setCancelTa(true);
+    } else if (p->taOrAlarm() == INTERRUPT_ALARM) {
+        if (!p->taStatus() || p->cancelTa()) {
+            onTaskEvtAlarmCancel();
+            p->setCancelAlarm(true);
+        } else {
+            // The alarm came over a live announcement: the announcement comes back.
+            p->setCancelAlarm(true);
+            onCancelTaAlarm();
+        }
+    }
+}
+
+// Keys served before the screens see them. True when the key ends here.
+bool MainWindow::serveAlwaysKey(int key, int phase)
+{
+    Preferences *p = prefs();
+    switch (key) {
+    case 66:
+    case 114:
+    case 163:
+    case 176:
+        if (phase != ShortReleased)
+            return false;
+        cancelInterrupt();
+        return true;
+    case 177:
+    case 178: {
+        const bool on = key == 178;
+        p->setAf(on);
+        m_radio->setAf(on);
+        m_radio->rdsCtrl(p->ta(), on, p->regional());
+        return false;
+    }
+    case 179:
+    case 180: {
+        const bool on = key == 180;
+        p->setTa(on);
+        m_radio->rdsCtrl(on, p->af(), p->regional());
+        m_radio->setTa(on);
+        return false;
+    }
+    case 181:
+    case 182: {
+        const bool on = key == 182;
+        p->setLocal(on);
+        m_radio->config(on, 1, 1);
+        return false;
+    }
+    case 184:
+        if (!m_mainWidget) {
+            p->setBand(BAND_AM1);
+            m_radio->setband(BAND_AM1);
+        } else if (p->isFM()) {
+            p->setBand(BAND_FM3);
+            p->setBand_FM(BAND_FM3);
+            m_mainWidget->BandChanged();
+        } else {
+            m_mainWidget->scrollToPage(BAND_AM1);
+        }
+        return false;
+    case 185:
+        if (!m_mainWidget) {
+            p->setBand(BAND_FM1);
+            m_radio->setband(BAND_FM1);
+        } else if (p->isFM()) {
+            m_mainWidget->scrollToPage(BAND_FM1);
+        } else {
+            p->setBand(BAND_AM2);
+            p->setBand_AM(BAND_AM2);
+            m_mainWidget->BandChanged();
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool MainWindow::serveTunerKey(int key, int phase)
+{
+    Preferences *p = prefs();
+    const bool idle = p->workState() != 1;
+    switch (key) {
+    case 7:
+    case 51:
+    case 117:
+    case 161:
+    case 8:
+    case 52:
+    case 118:
+    case 162: {
+        if (!idle)
+            return false;
+        const bool up = key == 7 || key == 51 || key == 117 || key == 161;
+        if (phase == Pressed) {
+            beep(0);
+            return false;
+        }
+        if (phase == ShortReleased) {
+            up ? keys()->presetUP() : keys()->presetDown();
+            return true;
+        }
+        if (phase == LongPressed) {
+            beep(1);
+            up ? keys()->seekForward() : keys()->seekBackward();
+            return true;
+        }
+        return false;
+    }
+    case 33:
+    case 122:
+        if (phase == Pressed) {
+            beep(0);
+            return false;
+        }
+        if (phase == ShortReleased) {
+            keys()->changBand();
+            return true;
+        }
+        return false;
+    case 34:
+    case 35:
+    case 36:
+    case 37:
+    case 38:
+    case 39: {
+        const int preset = key - 34;
+        switch (phase) {
+        case Pressed:
+            beep(0);
+            if (!idle)
+                keys()->presetSelect(preset);
+            return true;
+        case ShortReleased:
+            if (idle)
+                keys()->presetSelect(preset);
+            return true;
+        case LongPressed:
+            if (idle) {
+                beep(1);
+                keys()->savePreset(preset);
+            }
+            return true;
+        default:
+            return false;
+        }
+    }
+    case 44:
+    case 121:
+    case 45:
+    case 116: {
+        if (!idle)
+            return false;
+        const bool up = isPresetUpKey(key);
+        switch (phase) {
+        case Pressed:
+            beep(0);
+            up ? keys()->presetUP() : keys()->presetDown();
+            return true;
+        case LongPressed:
+            up ? keys()->presetUP() : keys()->presetDown();
+            return true;
+        case ShortReleased:
+        case LongReleased:
+            return true;
+        default:
+            return false;
+        }
+    }
+    case 46:
+    case 47: {
+        if (!idle)
+            return false;
+        const bool plus = key == 47;
+        switch (phase) {
+        case Pressed:
+            beep(0);
+            return false;
+        case ShortReleased:
+            plus ? keys()->seekForward() : keys()->seekBackward();
+            return true;
+        case LongPressed:
+            beep(1);
+            plus ? keys()->ManualPlusPressed() : keys()->ManualMinusPressed();
+            return true;
+        case LongReleased:
+            plus ? keys()->ManualPlusReleased() : keys()->ManualMinusReleased();
+            return true;
+        default:
+            return false;
+        }
+    }
+    case 125: {
+        const int w = p->workState();
+        if (w < 1 || w > 3)
+            return false;
+        if (phase == Pressed) {
+            beep(0);
+            return true;
+        }
+        if (phase == ShortReleased) {
+            m_radio->terminate();
+            return true;
+        }
+        return false;
+    }
+    default:
+        return false;
+    }
+}
+
+bool MainWindow::sourceKeyEvent(KeyEvent *e)
+{
+    if (!e) {
+        TUNER_WAR() << "no key event.";
+        return false;
+    }
+    const int key = e->key();
+    const int phase = e->type();
+
+    if (phase == ShortReleased || phase == LongReleased) {
+        m_repeatTimer.stop();
+        m_repeatKey = 0;
+    } else if (phase == LongPressed && isPresetRepeatKey(key) && !m_repeatTimer.isActive()) {
+        m_repeatTimer.start(kPresetRepeatMs, this);
+        m_repeatKey = key;
+    }
+
+    if (serveAlwaysKey(key, phase))
+        return true;
+    if (m_mainWidget && m_mainWidget->windowKeyEvent(e))
+        return true;
+
+    Preferences *p = prefs();
+    const bool cancelled = (p->taOrAlarm() == INTERRUPT_TA && p->cancelTa())
+                           || (p->taOrAlarm() == INTERRUPT_ALARM && p->cancelAlarm());
+    if (p->taOrAlarm() != INTERRUPT_NONE && !cancelled)
+        return false;
+    if (g_TunerCurDSPL == 3 || g_TunerCurDSPL == 4)
+        return false;
+    return serveTunerKey(key, phase);
+}
+
+} // namespace tuner

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "appplugin.h"
+#include "basewindow.h"
+
+#include <QBasicTimer>
+
+class KeyEvent;
+class NiloMcuServiceInterface;
+class NiloRadioServiceInterface;
+class NiloSourceServiceInterface;
+
+namespace tuner {
+
+class MainWidget;
+
+// The one object behind the tuner's window and both sources: owns the bus
+// proxies, keeps the preferences in step with the radio service, drives the
+// traffic/alarm interrupt bookkeeping and serves the hardware keys.
+class MainWindow : public cm::BaseWindow, public IAudioFocusChangeListener
+{
+    Q_OBJECT
+    Q_INTERFACES(IAudioFocusChangeListener)
+public:
+    explicit MainWindow(QObject *parent = nullptr);
+    ~MainWindow() override;
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+public:
+    void onCreate() override;
+    void onDestroy() override;
+    void onShow() override;
+    bool keyEvent(KeyEvent *event) override;
+    QString name() const override;
+    void start() override;
+    void stop() override;
+    void onAudioFocusChange(int focus) override;
+    QString clientId() const override;
+
+    // Keys of both sources; true when consumed.
+    bool sourceKeyEvent(KeyEvent *e);
+
+    MainWidget *screenStack() const { return m_mainWidget; }
+    bool isActive() const { return m_active; }
+
+public slots:
+    void onDestroyObj();
+    void onTaskEvtAlarmCancel();
+    void onCancelTaAlarm();
+    void onBackToHome();
+    void onAftaState(const QString &aftaList, int cur_afta);
+    void onInitDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list,
+                    int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning,
+                    int current_band_num, int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max,
+                    int am_freq_min, int am_step, const QString &band_current_freq,
+                    const QString &band_position, int fm_press_id, int am_press_id);
+    void onPsName1(const QString &string);
+    void onPsName2(const QString &string);
+    void onAutoScanCompleted(const QString &freqList);
+    void onTAStatus(int state);
+    void onPiTpStatus(int pitpState);
+    void onstatusChanged(int);
+    void onPTYSeekState(int type);
+    void onWorkStatus(int state);
+    void onRdsName(const QString &name);
+    void onSourceChange(int winId, int src);
+    void onStaionChanged(int freq, int band);
+
+private:
+    void loadInitialState();
+    void cancelInterrupt();
+    bool serveAlwaysKey(int key, int phase);
+    bool serveTunerKey(int key, int phase);
+    void beep(int state);
+    int currentWindow();
+
+    MainWidget *m_mainWidget = nullptr;
+    NiloRadioServiceInterface *m_radio;
+    NiloMcuServiceInterface *m_mcu;
+    NiloSourceServiceInterface *m_source;
+    bool m_active = false;
+    QBasicTimer m_repeatTimer;
+    int m_repeatKey = 0;
+};
+
+} // namespace tuner

@@ -1,0 +1,124 @@
+#include "hostautomation.h"
+
+#include "audiomanager.h"
+#include "hostlog.h"
+#include "hostshell.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+#include <QtTest/QTest>
+
+HostAutomation::HostAutomation(HostShell *shell, QObject *parent)
+    : QObject(parent)
+    , m_shell(shell)
+{
+}
+
+bool HostAutomation::sourceKey(const QString &source, int code, int phase)
+{
+    return m_shell->sourceKey(source, code, phase);
+}
+
+bool HostAutomation::windowKey(int code, int phase)
+{
+    return m_shell->windowKey(code, phase);
+}
+
+// Mouse input enters through the window system, as a touch would: the widget
+// under the point gets it, and keeps the grab until the release.
+void HostAutomation::press(int x, int y)
+{
+    if (QWindow *window = m_shell->frame() ? m_shell->frame()->windowHandle() : nullptr)
+        QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, QPoint(x, y), 0);
+}
+
+void HostAutomation::move(int x, int y)
+{
+    if (QWindow *window = m_shell->frame() ? m_shell->frame()->windowHandle() : nullptr)
+        QTest::mouseMove(window, QPoint(x, y), 0);
+}
+
+void HostAutomation::release(int x, int y)
+{
+    if (QWindow *window = m_shell->frame() ? m_shell->frame()->windowHandle() : nullptr)
+        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, QPoint(x, y), 0);
+}
+
+void HostAutomation::tap(int x, int y)
+{
+    press(x, y);
+    release(x, y);
+}
+
+QString HostAutomation::widgets()
+{
+    QJsonArray list;
+    QWidget *frame = m_shell->frame();
+    if (!frame)
+        return QStringLiteral("[]");
+    const QList<QWidget *> children = frame->findChildren<QWidget *>();
+    for (QWidget *w : children) {
+        if (!w->isVisible())
+            continue;
+        const QPoint topLeft = w->mapTo(frame, QPoint(0, 0));
+        QString text;
+        bool checked = false;
+        if (auto *label = qobject_cast<QLabel *>(w)) {
+            text = label->text();
+        } else if (auto *button = qobject_cast<QAbstractButton *>(w)) {
+            text = button->text();
+            checked = button->isChecked();
+        }
+        list.append(QJsonObject{
+            {QStringLiteral("name"), w->objectName()},
+            {QStringLiteral("class"), QString::fromLatin1(w->metaObject()->className())},
+            {QStringLiteral("x"), topLeft.x()},
+            {QStringLiteral("y"), topLeft.y()},
+            {QStringLiteral("w"), w->width()},
+            {QStringLiteral("h"), w->height()},
+            {QStringLiteral("text"), text},
+            {QStringLiteral("checked"), checked},
+            {QStringLiteral("enabled"), w->isEnabled()},
+        });
+    }
+    return QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
+}
+
+bool HostAutomation::screenshot(const QString &path)
+{
+    return m_shell->frame() && m_shell->frame()->grab().save(path, "PNG");
+}
+
+void HostAutomation::lifecycle(const QString &op)
+{
+    if (!m_shell->lifecycle(op))
+        HOST_WAR() << op << "is not a life-cycle operation of this host.";
+}
+
+void HostAutomation::audioFocus(int change)
+{
+    AudioManager::instance()->dispatchFocusChange(change);
+}
+
+void HostAutomation::setFocusResult(int result)
+{
+    AudioManager::instance()->setFocusResult(result);
+}
+
+QString HostAutomation::hostEvents()
+{
+    return QString::fromUtf8(QJsonDocument(m_shell->hostEvents()).toJson(QJsonDocument::Compact));
+}
+
+void HostAutomation::quit()
+{
+    // After the reply has left.
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+}

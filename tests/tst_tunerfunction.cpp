@@ -2,8 +2,6 @@
 // each action sends in each work state, preset stepping across bands, band
 // cycling, storing, and the manual and preset repeat timers.
 
-#include "busproxies.h"
-#include "busreply.h"
 #include "fakeservices.h"
 #include "preferences.h"
 #include "teststate.h"
@@ -29,14 +27,6 @@ Preferences *prefs()
 tunerfunction *keys()
 {
     return tunerfunction::Instance();
-}
-
-QString describe(const ServiceBackend::Call &call)
-{
-    QStringList args;
-    for (const QVariant &arg : call.args)
-        args.append(arg.toString());
-    return call.member + QLatin1Char('(') + args.join(QLatin1Char(',')) + QLatin1Char(')');
 }
 
 } // namespace
@@ -66,11 +56,9 @@ private slots:
     void badPresetNumbersSendNothing();
 
 private:
-    // Radio calls sent so far, made certain by a round trip on the same connection.
     QStringList radioCalls();
 
     std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<NiloRadioServiceInterface> m_barrier;
     std::unique_ptr<TestState> m_state;
 };
 
@@ -78,7 +66,6 @@ void tst_TunerFunction::initTestCase()
 {
     m_fakes = std::make_unique<FakeServices>();
     QVERIFY(m_fakes->start());
-    m_barrier.reset(bus::createRadioProxy(nullptr));
 }
 
 void tst_TunerFunction::init()
@@ -94,13 +81,7 @@ void tst_TunerFunction::cleanup()
 
 QStringList tst_TunerFunction::radioCalls()
 {
-    bus::replyValue(m_barrier->band(), "barrier");
-    QStringList result;
-    for (const ServiceBackend::Call &call : m_fakes->radio()->calls()) {
-        if (call.member != QLatin1String("band"))
-            result.append(describe(call));
-    }
-    return result;
+    return m_fakes->describedCalls(m_fakes->radio());
 }
 
 void tst_TunerFunction::actionsAreGatedByWorkState_data()

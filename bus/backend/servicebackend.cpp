@@ -47,6 +47,12 @@ void ServiceBackend::setAnswer(const QString &member, const QVariant &value)
     m_answers.insert(member, value);
 }
 
+void ServiceBackend::clearAnswers()
+{
+    QMutexLocker lock(&m_mutex);
+    m_answers.clear();
+}
+
 void ServiceBackend::setHung(bool hung)
 {
     QMutexLocker lock(&m_mutex);

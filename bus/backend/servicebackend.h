@@ -30,6 +30,7 @@ public:
     void clearCalls();
 
     void setAnswer(const QString &member, const QVariant &value);
+    void clearAnswers();
     // A hung service keeps its name on the bus but never replies.
     void setHung(bool hung);
     // Every reply carries a double, a type no method of the XML returns.

@@ -5,6 +5,7 @@
 #include "nilo_radioservice_adaptor.h"
 #include "nilo_sourceservice_adaptor.h"
 
+#include <QDBusMessage>
 #include <QMetaObject>
 
 FakeServices::FakeServices()
@@ -75,4 +76,31 @@ void FakeServices::inServiceThread(const std::function<void()> &emitter)
     QObject context;
     context.moveToThread(&m_thread);
     QMetaObject::invokeMethod(&context, emitter, Qt::BlockingQueuedConnection);
+}
+
+namespace {
+constexpr char kBarrier[] = "workStateType";
+}
+
+void FakeServices::settle()
+{
+    using namespace tuner::bus;
+    const QDBusMessage call = QDBusMessage::createMethodCall(QLatin1String(kMcuService), QLatin1String(kRadioPath),
+                                                             QStringLiteral("nilo.RadioService"), QLatin1String(kBarrier));
+    QDBusConnection::sessionBus().call(call, QDBus::Block, 5000);
+}
+
+QStringList FakeServices::describedCalls(ServiceBackend *backend)
+{
+    settle();
+    QStringList result;
+    for (const ServiceBackend::Call &call : backend->calls()) {
+        if (backend == m_radio && call.member == QLatin1String(kBarrier))
+            continue;
+        QStringList args;
+        for (const QVariant &arg : call.args)
+            args.append(arg.toString());
+        result.append(call.member + QLatin1Char('(') + args.join(QLatin1Char(',')) + QLatin1Char(')'));
+    }
+    return result;
 }

@@ -29,6 +29,12 @@ public:
     // Runs `emitter` in the fakes' thread and waits for it, so signals leave in order.
     void inServiceThread(const std::function<void()> &emitter);
 
+    // Returns once every call sent so far on the session bus has been recorded
+    // (a round trip through the fakes' thread; the barrier itself is not listed).
+    void settle();
+    // A fake's calls after settle(), as "name(arg,arg)" texts.
+    QStringList describedCalls(ServiceBackend *backend);
+
 private:
     QThread m_thread;
     QDBusConnection m_connection;

@@ -2,6 +2,7 @@
 
 #include "busproxies.h"
 #include "hostevents.h"
+#include "mcumanager.h"
 #include "preferences.h"
 #include "translator.h"
 
@@ -131,8 +132,14 @@ void MainWidget::piTpStatus(int state)
         m_interrupt->clear();
 }
 
+// Closing the interrupt ends its audio, as the popup of the tuner screen does.
 void MainWidget::InterruptCancel()
 {
+    if (m_interrupt->text().isEmpty())
+        return;
+    McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+    if (Preferences::getInstance()->taOrAlarm() == INTERRUPT_TA)
+        m_radio->taAlarmCancel(1);
     m_interrupt->clear();
 }
 

@@ -1,0 +1,153 @@
+// The simulator and the host app with the plug-in, as separate processes on
+// the test's private bus, driven only through their bus interfaces.
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusInterface>
+#include <QDBusReply>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_EndToEnd : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+
+    void startsOnTheRegionsFirstFrequency();
+    void seekKeyLandsOnTheNextStation();
+    void trafficAnnouncementIsShownAndCancelled();
+    void screenshotIsAPng();
+    void destroyAsksTheHostForDeletion();
+    void quitEndsTheHost();
+
+private:
+    QJsonObject widget(const QString &name);
+    QString text(const QString &name) { return widget(name).value(QStringLiteral("text")).toString(); }
+    // Everything the simulator has printed so far (the MCU logs each request).
+    const QByteArray &simLog() { return m_simLog += m_sim.readAll(); }
+
+    QTemporaryDir m_dir;
+    QByteArray m_simLog;
+    QProcess m_sim;
+    QProcess m_host;
+    std::unique_ptr<QDBusInterface> m_automation;
+    std::unique_ptr<QDBusInterface> m_simControl;
+};
+
+static bool serviceUp(const QString &name)
+{
+    return QDBusConnection::sessionBus().interface()->isServiceRegistered(name).value();
+}
+
+void tst_EndToEnd::initTestCase()
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("TUNER_ROOT"), m_dir.path());
+    env.insert(QStringLiteral("NILO_VEHICLE_CONF"), m_dir.path() + QStringLiteral("/vehicle.ini"));
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    m_sim.setProcessEnvironment(env);
+    m_host.setProcessEnvironment(env);
+    m_sim.setProcessChannelMode(QProcess::MergedChannels);
+    m_host.setProcessChannelMode(QProcess::ForwardedChannels);
+
+    m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
+    QVERIFY(m_sim.waitForStarted());
+    QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("com.nilo.mcu")), 10000);
+    m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
+    QVERIFY(m_host.waitForStarted());
+    QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("nilo.TunerHost")), 15000);
+
+    m_automation = std::make_unique<QDBusInterface>(QStringLiteral("nilo.TunerHost"), QStringLiteral("/Host"),
+                                                    QStringLiteral("nilo.TunerHost"), QDBusConnection::sessionBus());
+    m_simControl = std::make_unique<QDBusInterface>(QStringLiteral("com.nilo.mcu"), QStringLiteral("/Simulator"),
+                                                    QStringLiteral("nilo.Simulator"), QDBusConnection::sessionBus());
+    QVERIFY(m_automation->isValid());
+}
+
+void tst_EndToEnd::cleanupTestCase()
+{
+    if (m_host.state() != QProcess::NotRunning) {
+        m_host.kill();
+        m_host.waitForFinished();
+    }
+    m_sim.terminate();
+    if (!m_sim.waitForFinished(3000))
+        m_sim.kill();
+}
+
+QJsonObject tst_EndToEnd::widget(const QString &name)
+{
+    const QDBusReply<QString> reply = m_automation->call(QStringLiteral("widgets"));
+    for (const QJsonValue &value : QJsonDocument::fromJson(reply.value().toUtf8()).array()) {
+        if (value.toObject().value(QStringLiteral("name")).toString() == name)
+            return value.toObject();
+    }
+    return QJsonObject();
+}
+
+void tst_EndToEnd::startsOnTheRegionsFirstFrequency()
+{
+    QCOMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("87.50"));
+    QCOMPARE(text(QStringLiteral("Txt_0036_rds_unit")), QStringLiteral("MHz"));
+    const QJsonObject freq = widget(QStringLiteral("Txt_0035_rds_freq"));
+    QVERIFY(freq.value("w").toInt() > 0 && freq.value("x").toInt() >= 0);
+}
+
+void tst_EndToEnd::seekKeyLandsOnTheNextStation()
+{
+    const QDBusReply<bool> down = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1002);
+    QCOMPARE(down.value(), false);
+    const QDBusReply<bool> release = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1003);
+    QCOMPARE(release.value(), true);
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("88.00"), 10000);
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0037_rds_name")), QStringLiteral("BBC R2"), 10000);
+    // The beep went to the MCU service.
+    QTRY_VERIFY(simLog().contains("mcu: triggerBeep 0"));
+}
+
+void tst_EndToEnd::trafficAnnouncementIsShownAndCancelled()
+{
+    m_simControl->call(QStringLiteral("startTrafficAnnouncement"));
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Traffic Announcement"), 10000);
+    const QDBusReply<bool> cancel = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 66, 1003);
+    QCOMPARE(cancel.value(), true);
+    const QDBusReply<QString> events = m_automation->call(QStringLiteral("hostEvents"));
+    QVERIFY2(events.value().contains(QLatin1String("{\"type\":1008,\"value\":5}")), qPrintable(events.value()));
+    QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("mcu: updateAudioStatus 8"), 10000);
+    QVERIFY(simLog().contains("mcu: updateAudioStatus 7"));
+}
+
+void tst_EndToEnd::screenshotIsAPng()
+{
+    const QString path = m_dir.path() + QStringLiteral("/shot.png");
+    const QDBusReply<bool> saved = m_automation->call(QStringLiteral("screenshot"), path);
+    QVERIFY(saved.value());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
+}
+
+void tst_EndToEnd::destroyAsksTheHostForDeletion()
+{
+    m_automation->call(QStringLiteral("lifecycle"), QStringLiteral("onDestroy"));
+    QTRY_VERIFY(QDBusReply<QString>(m_automation->call(QStringLiteral("hostEvents"))).value().contains("deleteDelay"));
+}
+
+void tst_EndToEnd::quitEndsTheHost()
+{
+    m_automation->call(QStringLiteral("quit"));
+    QVERIFY(m_host.waitForFinished(10000));
+    QCOMPARE(m_host.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(m_host.exitCode(), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_EndToEnd)
+#include "tst_endtoend.moc"

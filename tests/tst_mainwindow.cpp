@@ -79,6 +79,7 @@ private slots:
     void sourceKeys();
     void bandKeys_data();
     void bandKeys();
+    void presetKeyRepeatsEverySecondUntilReleased_data();
     void presetKeyRepeatsEverySecondUntilReleased();
     void interruptBookkeeping_data();
     void interruptBookkeeping();
@@ -359,15 +360,27 @@ void tst_MainWindow::bandKeys()
     QCOMPARE(radioCalls(), radio);
 }
 
+void tst_MainWindow::presetKeyRepeatsEverySecondUntilReleased_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("release");
+    QTest::addColumn<int>("expected"); // preset id after the first repeat
+    QTest::newRow("44 up, long release") << 44 << int(Qx::KeyLongReleased) << 1;
+    QTest::newRow("116 down, short release") << 116 << int(Qx::KeyShortReleased) << 5; // FM3 preset 6
+}
+
 void tst_MainWindow::presetKeyRepeatsEverySecondUntilReleased()
 {
+    QFETCH(int, key);
+    QFETCH(int, release);
+    QFETCH(int, expected);
+
     auto window = makeWindow();
-    KeyEvent longPress(Qx::KeyLongPressed, 44);
-    QVERIFY(window->sourceKeyEvent(&longPress));
-    QCOMPARE(prefs()->playFreqId(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(prefs()->playFreqId(), 2, 3500);
-    KeyEvent release(Qx::KeyLongReleased, 44);
-    QVERIFY(window->sourceKeyEvent(&release));
+    KeyEvent longPress(Qx::KeyLongPressed, key);
+    QVERIFY(window->sourceKeyEvent(&longPress)); // one step at once ...
+    QTRY_COMPARE_WITH_TIMEOUT(prefs()->playFreqId(), expected, 3500); // ... and one a second later
+    KeyEvent releaseEvent(Qx::EventType(release), key);
+    QVERIFY(window->sourceKeyEvent(&releaseEvent));
     const int after = prefs()->playFreqId();
     QTest::qWait(1200); // one repeat period: nothing more may happen
     QCOMPARE(prefs()->playFreqId(), after);

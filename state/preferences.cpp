@@ -146,60 +146,57 @@ int Preferences::snapToBand(const flagBand &band, int freq) const
 
 // --- persistent setters ----------------------------------------------------
 
+void Preferences::storeSwitch(bool &field, bool on, const char *key)
+{
+    field = on;
+    writeRadioConf(QStringLiteral("Tune"), QLatin1String(key), on);
+}
+
+void Preferences::storeBand(Band &field, Band band, const char *key)
+{
+    if (!isValidBand(band)) {
+        TUNER_WAR() << key << int(band) << "is not a band, ignored.";
+        return;
+    }
+    field = band;
+    writeRadioConf(QStringLiteral("Tune"), QLatin1String(key), int(band));
+}
+
 void Preferences::setLocal(bool on)
 {
-    m_local = on;
-    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Local"), on);
+    storeSwitch(m_local, on, "Local");
 }
 
 void Preferences::setTa(bool on)
 {
-    m_ta = on;
-    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("ta"), on);
+    storeSwitch(m_ta, on, "ta");
 }
 
 void Preferences::setAf(bool on)
 {
-    m_af = on;
-    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Af"), on);
+    storeSwitch(m_af, on, "Af");
 }
 
 void Preferences::setRegional(bool on)
 {
-    m_regional = on;
-    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Regional"), on);
+    storeSwitch(m_regional, on, "Regional");
 }
 
 void Preferences::setBand(Band band)
 {
-    if (!isValidBand(band)) {
-        TUNER_WAR() << int(band) << "is not a band, ignored.";
-        return;
-    }
-    m_band = band;
-    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("CurrBand"), int(band));
+    storeBand(m_band, band, "CurrBand");
 }
 
 void Preferences::setBand_FM(Band band)
 {
-    if (!isValidBand(band)) {
-        TUNER_WAR() << int(band) << "is not a band, ignored.";
-        return;
-    }
-    m_bandFM = band;
-    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Band_FM"), int(band));
+    storeBand(m_bandFM, band, "Band_FM");
 }
 
 // Preset stepping records the AM band relative to 3 (0 or 1) here; the value
 // is kept as given.
 void Preferences::setBand_AM(Band band)
 {
-    if (!isValidBand(band)) {
-        TUNER_WAR() << int(band) << "is not a band, ignored.";
-        return;
-    }
-    m_bandAM = band;
-    writeRadioConf(QStringLiteral("Tune"), QStringLiteral("Band_AM"), int(band));
+    storeBand(m_bandAM, band, "Band_AM");
 }
 
 void Preferences::setCurrPlayFreq(int freq)

@@ -176,6 +176,8 @@ private:
     QString bandGroup(int bandNumber) const;
     void writeRadioConf(const QString &group, const QString &key, const QVariant &value) const;
     void writeBandKey(int bandNumber, const QString &key, const QVariant &value) const;
+    void storeSwitch(bool &field, bool on, const char *key);
+    void storeBand(Band &field, Band band, const char *key);
 
     static Preferences *p_Instance;
 

@@ -97,42 +97,43 @@ void tunerfunction::clearRdsState()
     prefs()->setCurRdsName(QString());
 }
 
-void tunerfunction::seekForward()
+void tunerfunction::seek(bool up)
 {
     clearRdsState();
     if (stopSearch(seekGate()))
         return;
     prefs()->clearFreqId(prefs()->band(), kNoPreset);
     prefs()->setPresetIndex(0);
-    m_radio->seekForward();
+    up ? m_radio->seekForward() : m_radio->seekBackward();
+}
+
+void tunerfunction::seekForward()
+{
+    seek(true);
 }
 
 void tunerfunction::seekBackward()
 {
+    seek(false);
+}
+
+void tunerfunction::manualClicked(bool plus)
+{
     clearRdsState();
     if (stopSearch(seekGate()))
         return;
-    prefs()->clearFreqId(prefs()->band(), kNoPreset);
-    prefs()->setPresetIndex(0);
-    m_radio->seekBackward();
+    plus ? manualPlus() : manualMinus();
+    m_radio->tune(prefs()->playFreq());
 }
 
 void tunerfunction::ManualPlusClicked()
 {
-    clearRdsState();
-    if (stopSearch(seekGate()))
-        return;
-    manualPlus();
-    m_radio->tune(prefs()->playFreq());
+    manualClicked(true);
 }
 
 void tunerfunction::ManualMinusClicked()
 {
-    clearRdsState();
-    if (stopSearch(seekGate()))
-        return;
-    manualMinus();
-    m_radio->tune(prefs()->playFreq());
+    manualClicked(false);
 }
 
 void tunerfunction::manualPlus()

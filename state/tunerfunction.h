@@ -54,6 +54,8 @@ private:
     Gate presetGate() const;
     bool stopSearch(Gate gate);
     void clearRdsState();
+    void seek(bool up);
+    void manualClicked(bool plus);
     void manualPlus();
     void manualMinus();
     void manualPressed(QBasicTimer &timer);

@@ -8,6 +8,7 @@
 #include "hostlog.h"
 #include "hostshell.h"
 #include "nilo_tunerhost_adaptor.h"
+#include "theme.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -43,6 +44,7 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("nilo-tuner-host"));
+    cm::applyTheme(app);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Host application for the Nilo tuner plug-in."));

@@ -7,6 +7,7 @@ TUNER_PACKAGES=(
     cmake g++ make
     qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools
     dbus-daemon dbus-session-bus-common
+    fonts-dejavu-core fonts-dejavu-extra
 )
 
 # Installs the packages that are missing (needs root, as on the head-unit build

@@ -7,7 +7,7 @@
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-tuner_install_packages fonts-dejavu-core
+tuner_install_packages
 tuner_build "$TUNER_SRC/build"
 
 state="$TUNER_SRC/.tuner-state"

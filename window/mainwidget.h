@@ -3,14 +3,13 @@
 #include <QWidget>
 
 class KeyEvent;
-class NiloRadioServiceInterface;
-class QLabel;
 
 namespace tuner {
 
-// The stack of screens that the main window hands to the host. Until the
-// tuner screens exist it shows the state as a plain status board: band,
-// frequency, station name, work status and interrupt.
+class TunerPlayer;
+
+// The stack of screens that the main window hands to the host. It shows one
+// screen at a time; for now that is the tuner player.
 class MainWidget : public QWidget
 {
     Q_OBJECT
@@ -31,28 +30,20 @@ public:
     void scrollToPage(int band);
     void updatePresetChecked();
 
+    TunerPlayer *player() const { return m_player; }
+
 signals:
     void alarmCancel();
     void cancelTaAlarm();
 
+public slots:
+    void onShowTunerPlayer();
+
 protected:
     bool event(QEvent *event) override;
 
-private slots:
-    void onStationChanged(int freq, int band);
-    void onWorkStatus(int state);
-
 private:
-    QLabel *addLabel(const char *objectName, int x, int y, int w, int h, int pixelSize);
-    void refresh();
-
-    NiloRadioServiceInterface *m_radio;
-    QLabel *m_band;
-    QLabel *m_freq;
-    QLabel *m_unit;
-    QLabel *m_name;
-    QLabel *m_status;
-    QLabel *m_interrupt;
+    TunerPlayer *m_player;
 };
 
 } // namespace tuner

@@ -22,7 +22,8 @@ public:
     QScroller *scroller() const { return m_scroller; }
 
 signals:
-    // The page the area rests on changed, whatever moved it.
+    // A page was requested with scrollToPage() (reported at once), or a drag
+    // came to rest on another page.
     void pageChanged(int page);
     void stateChanged(QScroller::State state);
 

@@ -62,19 +62,22 @@ void ScrollManage::updateSnapPoints()
         m_scroller->setSnapPositionsX(0, pageWidth());
 }
 
+// A requested page is reported at once, even the page already shown: the
+// caller's page handler is what makes the band current.
 void ScrollManage::scrollToPage(int page, bool animated)
 {
     if (!m_area || !m_scroller)
         return;
     page = qBound(0, page, qMax(0, pageCount() - 1));
+    m_page = page;
+    emit pageChanged(page);
     const QPointF target(page * pageWidth(), 0);
-    if (animated) {
+    if (animated && m_area->horizontalScrollBar()->value() != int(target.x())) {
         m_scroller->scrollTo(target, kPageScrollMs);
         return;
     }
     m_scroller->stop();
     m_area->horizontalScrollBar()->setValue(int(target.x()));
-    settle();
 }
 
 void ScrollManage::onScrollerStateChanged(QScroller::State state)

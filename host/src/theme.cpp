@@ -7,6 +7,7 @@
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
+#include <QWidget>
 
 namespace cm {
 
@@ -48,14 +49,29 @@ public:
 
 QString digitFontFamily()
 {
-    return QStringLiteral("DejaVu Sans");
+    return QStringLiteral("DejaVu Sans Condensed");
 }
 
 QFont digitFont(int pointSize)
 {
     QFont font(digitFontFamily());
-    font.setPointSize(pointSize);
+    font.setPixelSize(qMax(1, pointSize));
     return font;
+}
+
+void usePanelFontSizes(QWidget *root)
+{
+    if (!root)
+        return;
+    QList<QWidget *> widgets = root->findChildren<QWidget *>();
+    widgets.prepend(root);
+    for (QWidget *widget : qAsConst(widgets)) {
+        QFont font = widget->font();
+        if (font.pointSize() > 0) {
+            font.setPixelSize(font.pointSize());
+            widget->setFont(font);
+        }
+    }
 }
 
 void applyTheme(QApplication &app)

@@ -398,6 +398,12 @@ void SimRadio::setTa(bool state)
     saveState();
 }
 
+void SimRadio::taAlarmCancel(int type)
+{
+    record("taAlarmCancel", {type});
+    qInfo().noquote() << "radio: taAlarmCancel" << type;
+}
+
 // --- control surface -------------------------------------------------------------
 
 void SimRadio::startInterrupt(int code)

@@ -70,6 +70,7 @@ public:
     void setTa(bool state) override;
     void setband(int band) override { record("setband", {band}); selectBand(band); }
     int stepFrequency() override { record("stepFrequency", {}); return step(m_band); }
+    void taAlarmCancel(int type) override;
     void terminate() override;
     void tune(int freq) override { record("tune", {freq}); tuneTo(freq); }
     int workStateType() override { record("workStateType", {}); return m_work; }

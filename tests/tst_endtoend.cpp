@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -23,6 +24,7 @@ private slots:
 
     void startsOnTheRegionsFirstFrequency();
     void seekKeyLandsOnTheNextStation();
+    void touchSeekAndHoldAPreset();
     void trafficAnnouncementIsCancelled();
     void screenshotIsAPng();
     void destroyAsksTheHostForDeletion();
@@ -30,6 +32,7 @@ private slots:
 
 private:
     QJsonObject widget(const QString &name);
+    QPoint centreOf(const QString &name);
     QString text(const QString &name) { return widget(name).value(QStringLiteral("text")).toString(); }
     // Everything the simulator has printed so far (the MCU logs each request).
     const QByteArray &simLog() { return m_simLog += m_sim.readAll(); }
@@ -91,6 +94,29 @@ QJsonObject tst_EndToEnd::widget(const QString &name)
             return value.toObject();
     }
     return QJsonObject();
+}
+
+QPoint tst_EndToEnd::centreOf(const QString &name)
+{
+    const QJsonObject w = widget(name);
+    return QPoint(w.value("x").toInt() + w.value("w").toInt() / 2, w.value("y").toInt() + w.value("h").toInt() / 2);
+}
+
+void tst_EndToEnd::touchSeekAndHoldAPreset()
+{
+    const QPoint seek = centreOf(QStringLiteral("Key_0029_seek_plus"));
+    m_automation->call(QStringLiteral("tap"), seek.x(), seek.y());
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("89.30"), 10000);
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0037_rds_name")), QStringLiteral("NDR 2"), 10000);
+
+    // Held for 1500 ms, a preset takes the playing station.
+    const QPoint preset = centreOf(QStringLiteral("Key_0032_p3"));
+    m_automation->call(QStringLiteral("press"), preset.x(), preset.y());
+    const QString conf = m_dir.path() + QStringLiteral("/system/etc/radio.conf");
+    QTRY_COMPARE_WITH_TIMEOUT(QSettings(conf, QSettings::IniFormat).value("Freq/FM0/preset_2").toInt(), 8930, 5000);
+    m_automation->call(QStringLiteral("release"), preset.x(), preset.y());
+    QVERIFY(widget(QStringLiteral("Key_0032_p3")).value("checked").toBool());
+    QTRY_VERIFY(simLog().contains("mcu: triggerBeep 1"));
 }
 
 void tst_EndToEnd::startsOnTheRegionsFirstFrequency()

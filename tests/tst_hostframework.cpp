@@ -18,6 +18,8 @@
 #include "translator.h"
 
 #include <QDirIterator>
+#include <QPixmap>
+#include <QSet>
 #include <QListView>
 #include <QPushButton>
 #include <QScrollArea>
@@ -92,6 +94,7 @@ private slots:
     void listviewScrollerTapSelectsAndReports();
     void colorControlFollowsTheButton_data();
     void colorControlFollowsTheButton();
+    void everyImagePathInFormsAndSourcesLoads();
     void catalogueCoversEveryTextIdInUse();
     void catalogueCoversEveryLiteralIdInTheSources();
     void programmeTypeNames_data();
@@ -317,6 +320,27 @@ void tst_HostFramework::colorControlFollowsTheButton()
     const QColor c = ColorGroup::setFontColor(font, QStringLiteral("ColorGroup1"), 30, state);
     QCOMPARE(font.pixelSize(), 30);
     QCOMPARE(c, ColorGroup::color(QStringLiteral("ColorGroup1"), state));
+}
+
+// The theme must have an image for every path a form or the code names.
+void tst_HostFramework::everyImagePathInFormsAndSourcesLoads()
+{
+    const QRegularExpression path(QStringLiteral(":/Resource/[A-Za-z0-9_/]+\\.png"));
+    QSet<QString> paths;
+    QDirIterator it(QStringLiteral(TUNER_SOURCE_DIR), {"*.ui", "*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString file = it.next();
+        if (file.contains(QLatin1String("/build")))
+            continue;
+        QFile source(file);
+        QVERIFY(source.open(QIODevice::ReadOnly));
+        auto matches = path.globalMatch(QString::fromUtf8(source.readAll()));
+        while (matches.hasNext())
+            paths.insert(matches.next().captured(0));
+    }
+    QVERIFY(paths.size() >= 30); // the tuner screen alone names 38
+    for (const QString &image : qAsConst(paths))
+        QVERIFY2(!QPixmap(image).isNull(), qPrintable(image + QStringLiteral(" does not load")));
 }
 
 // Every text id the tuner asks for: state words, band names and units, search

@@ -35,6 +35,7 @@ private:
     void updateSnapPoints();
 
     QPointer<QListView> m_view;
+    QObject *m_filtered = nullptr; // the viewport, compared as a QObject
     QPointer<QItemSelectionModel> m_selection;
     QScroller *m_scroller = nullptr;
     QPersistentModelIndex m_pressIndex;

@@ -38,6 +38,9 @@ private:
     void settle();
 
     QPointer<QScrollArea> m_area;
+    // The filtered object, compared as a QObject: its last events arrive
+    // while it is being destroyed, when it is no scroll area any more.
+    QObject *m_filtered = nullptr;
     QScroller *m_scroller = nullptr;
     int m_page = 0;
 };

@@ -25,6 +25,7 @@ ListviewScroller::ListviewScroller(QListView *view, QObject *parent)
     m_scroller->setScrollerProperties(properties);
 
     connect(m_scroller, &QScroller::stateChanged, this, &ListviewScroller::onScrollerStateChanged);
+    m_filtered = viewport;
     viewport->installEventFilter(this);
 }
 
@@ -54,7 +55,7 @@ void ListviewScroller::onScrollerStateChanged(QScroller::State state)
 
 bool ListviewScroller::eventFilter(QObject *watched, QEvent *event)
 {
-    if (!m_view || watched != m_view->viewport())
+    if (watched != m_filtered || !m_view)
         return QObject::eventFilter(watched, event);
 
     if (event->type() == QEvent::MouseButtonPress) {

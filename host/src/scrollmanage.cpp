@@ -31,6 +31,7 @@ ScrollManage::ScrollManage(QScrollArea *area, QObject *parent)
     m_scroller->setScrollerProperties(properties);
 
     connect(m_scroller, &QScroller::stateChanged, this, &ScrollManage::onScrollerStateChanged);
+    m_filtered = m_area;
     m_area->installEventFilter(this);
     updateSnapPoints();
     m_page = restingPage();
@@ -98,7 +99,7 @@ void ScrollManage::settle()
 
 bool ScrollManage::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_area && event->type() == QEvent::Resize) {
+    if (watched == m_filtered && event->type() == QEvent::Resize && m_area) {
         updateSnapPoints();
         if (m_scroller && m_scroller->state() == QScroller::Inactive)
             m_area->horizontalScrollBar()->setValue(m_page * pageWidth());

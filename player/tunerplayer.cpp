@@ -3,6 +3,7 @@
 #include "busproxies.h"
 #include "busreply.h"
 #include "colorcontrol.h"
+#include "interruptpopup.h"
 #include "mcumanager.h"
 #include "preferences.h"
 #include "pushbutton.h"
@@ -1118,11 +1119,96 @@ void TunerPlayer::onPtyChanged(int pty, QString)
     prefs()->setPtyItem(pty);
 }
 
-void TunerPlayer::onPiTpStatus(int) {}
+c35_011_interrupt_on_tuner *TunerPlayer::interruptPopup() const
+{
+    return m_popup;
+}
 
-void TunerPlayer::onInterruptCancel() {}
+void TunerPlayer::raiseInterrupt(int state, int type)
+{
+    ui->stackedWidget_tuner->setCurrentWidget(ui->page_tuner_02);
+    ui->Icn_0015_rds->show();
+    ui->Icn_0016_tp->show();
+    if (!isVisible())
+        emit taShowTunerPlayer();
+    if (!m_popup) {
+        m_popup = new c35_011_interrupt_on_tuner(this);
+        m_popup->setGeometry(rect());
+        connect(m_popup, SIGNAL(cancel()), this, SLOT(onInterruptCancel()));
+    }
+    m_interruptState = state;
+    m_popup->onInterruptType(InterruptType(type));
+    m_popup->show();
+    m_popup->raise();
+    m_popup->repaint();
+}
 
-void TunerPlayer::AlarmTaStatusEnd() {}
+// 3 traffic announcement begins, 4 ends, 5 alarm begins, 6 ends.
+void TunerPlayer::onPiTpStatus(int pitpState)
+{
+    Preferences *p = prefs();
+    if (!afTaTpSupported() || !p->isFM())
+        return;
+    const bool alarmLive = p->alarmStatue() && !p->cancelAlarm();
+    switch (pitpState) {
+    case 3:
+        if (!alarmLive) // the alarm has priority
+            raiseInterrupt(3, INTERRUPT_TA);
+        break;
+    case 4:
+        if (!alarmLive && p->taStatus())
+            AlarmTaStatusEnd();
+        break;
+    case 5:
+        raiseInterrupt(5, INTERRUPT_ALARM);
+        break;
+    case 6:
+        if (p->alarmStatue())
+            AlarmTaStatusEnd();
+        // An announcement the alarm interrupted comes back.
+        if ((p->taStatus() && !p->cancelTa()) || p->SouOffTa())
+            onPiTpStatus(3);
+        break;
+    default:
+        break;
+    }
+}
+
+// The user dismissed the popup.
+void TunerPlayer::onInterruptCancel()
+{
+    Preferences *p = prefs();
+    if (m_popup)
+        m_popup->deleteLater(); // we are inside its cancel() signal
+    m_popup = nullptr;
+    m_interruptState = 0;
+    McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+    if (p->taOrAlarm() == INTERRUPT_TA) {
+        m_radio->taAlarmCancel(1);
+        emit alarmCancel();
+        p->setCancelTa(true);
+    } else if (p->taOrAlarm() == INTERRUPT_ALARM) {
+        if (!p->taStatus() || p->cancelTa()) {
+            emit alarmCancel();
+            p->setCancelAlarm(true);
+        } else {
+            p->setCancelAlarm(true);
+            emit cancelTaAlarm();
+        }
+    }
+}
+
+void TunerPlayer::AlarmTaStatusEnd()
+{
+    if (!m_popup)
+        return;
+    McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+    if (prefs()->taOrAlarm() == INTERRUPT_TA)
+        m_radio->taAlarmCancel(1);
+    m_interruptState = 0;
+    m_popup->deleteLater();
+    m_popup = nullptr;
+}
 
 void TunerPlayer::onSetTa()
 {

@@ -3,6 +3,7 @@
 #include <QBasicTimer>
 #include <QList>
 #include <QPoint>
+#include <QPointer>
 #include <QScroller>
 #include <QWidget>
 
@@ -21,6 +22,8 @@ class ScrollManage;
 }
 
 namespace tuner {
+
+class c35_011_interrupt_on_tuner;
 
 // The tuner's main screen: frequency display and tuning, the preset pages,
 // automatic store, the RDS name and icons, and the remote and steering keys.
@@ -71,6 +74,7 @@ public:
     int workStatus() const { return m_workStatus; }
     int lastFrequency() const { return m_lastFreq; }
     int interruptState() const { return m_interruptState; }
+    c35_011_interrupt_on_tuner *interruptPopup() const;
 
 signals:
     void PTYCurrentType(int);
@@ -144,6 +148,7 @@ private:
     void selectStepPreset(int next);
     void storePresetFromKey(int id);
     void irSeek(bool up);
+    void raiseInterrupt(int state, int type);
 
     // Widgets of the active display-line page (null for an unknown mode).
     QLabel *freqLabel() const;
@@ -172,6 +177,7 @@ private:
     bool m_initialised = false;
     QPoint m_pressPoint{-1, -1};
     int m_interruptState = 0;
+    QPointer<c35_011_interrupt_on_tuner> m_popup;
 
     QList<QButtonGroup *> m_groups;
     QList<QList<QLabel *>> m_labels;

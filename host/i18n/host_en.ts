@@ -300,8 +300,8 @@
         <translation>Local</translation>
     </message>
     <message id="txt_112">
-        <source>Traffic Announcement</source>
-        <translation>Traffic Announcement</translation>
+        <source>Traffic</source>
+        <translation>Traffic</translation>
     </message>
     <message id="txt_113">
         <source>Alternative Frequency</source>

@@ -17,7 +17,8 @@ public:
     // Sets the font's pixel size and returns the group's colour for the state.
     static QColor setFontColor(QFont &font, const QString &group, int size, int state);
     static QColor color(const QString &group, int state);
-    // The group a widget carries in its "colorGroup" property ("ColorGroup1" if none).
+    // The group a widget carries ("colorGroup" property or accessible
+    // description; "ColorGroup1" if none).
     static QString groupOf(const QWidget *widget);
     // Paints the widget's text in its group's colour for the state.
     static void apply(QWidget *widget, int state);

@@ -53,9 +53,14 @@ QColor ColorGroup::setFontColor(QFont &font, const QString &group, int size, int
     return color(group, state);
 }
 
+// Forms name the group in a "colorGroup" property or in the accessible description.
 QString ColorGroup::groupOf(const QWidget *widget)
 {
-    const QString group = widget ? widget->property("colorGroup").toString() : QString();
+    if (!widget)
+        return QStringLiteral("ColorGroup1");
+    QString group = widget->property("colorGroup").toString();
+    if (group.isEmpty() && groups().contains(widget->accessibleDescription()))
+        group = widget->accessibleDescription();
     return group.isEmpty() ? QStringLiteral("ColorGroup1") : group;
 }
 

@@ -143,12 +143,23 @@ void tst_EndToEnd::seekKeyLandsOnTheNextStation()
 void tst_EndToEnd::trafficAnnouncementIsCancelled()
 {
     m_simControl->call(QStringLiteral("startTrafficAnnouncement"));
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Traffic"), 10000);
     QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("mcu: updateAudioStatus 7"), 10000);
-    const QDBusReply<bool> cancel = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 66, 1003);
-    QCOMPARE(cancel.value(), true);
+
+    const QPoint cancel = centreOf(QStringLiteral("Key_0347_cancel"));
+    m_automation->call(QStringLiteral("tap"), cancel.x(), cancel.y());
+    QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("mcu: updateAudioStatus 8"), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("radio: taAlarmCancel 1"), 10000);
+    QTRY_VERIFY(widget(QStringLiteral("Txt_0021_interrupt")).isEmpty());
     const QDBusReply<QString> events = m_automation->call(QStringLiteral("hostEvents"));
     QVERIFY2(events.value().contains(QLatin1String("{\"type\":1008,\"value\":5}")), qPrintable(events.value()));
-    QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("radio: taAlarmCancel 1"), 10000);
+    m_simControl->call(QStringLiteral("endTrafficAnnouncement"));
+
+    // An alarm comes and goes by itself.
+    m_simControl->call(QStringLiteral("startAlarm"));
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Alarm"), 10000);
+    m_simControl->call(QStringLiteral("endAlarm"));
+    QTRY_VERIFY_WITH_TIMEOUT(widget(QStringLiteral("Txt_0021_interrupt")).isEmpty(), 10000);
 }
 
 void tst_EndToEnd::screenshotIsAPng()

@@ -61,6 +61,8 @@ private slots:
     void statusIcons();
     void programmeType_data();
     void programmeType();
+    void optionSwitchesReachTheRadio_data();
+    void optionSwitchesReachTheRadio();
     void interrupts_data();
     void interrupts();
     void popupKeepsTouchesFromTheScreen();
@@ -237,6 +239,41 @@ void tst_RdsInterrupts::programmeType()
     else
         QTest::qWait(50);
     QCOMPARE(prefs()->PTYtype(), reported ? pty : 5);
+}
+
+void tst_RdsInterrupts::optionSwitchesReachTheRadio_data()
+{
+    QTest::addColumn<QString>("slot");
+    QTest::addColumn<int>("workStatus");
+    QTest::addColumn<QStringList>("radio");
+    // Preferences here: TA on, AF off, Regional on, Local on.
+    QTest::newRow("TA") << "onSetTa" << 0 << QStringList{"rdsCtrl(true,false,true)", "setTa(true)"};
+    QTest::newRow("AF") << "onSetAf" << 0 << QStringList{"setAf(false)", "rdsCtrl(true,false,true)"};
+    QTest::newRow("Regional") << "onSetRegional" << 0 << QStringList{"rdsCtrl(true,false,true)"};
+    QTest::newRow("Local") << "onSetLocal" << 0 << QStringList{"config(true,1,1)"};
+    QTest::newRow("Local during automatic store stops it") << "onSetLocal" << 1 << QStringList{"config(true,1,1)", "terminate()"};
+    QTest::newRow("Local during a seek restarts it from the stored frequency")
+        << "onSetLocal" << 2 << QStringList{"config(true,1,1)", "terminate()", "tune(8750)"};
+    QTest::newRow("PTY search") << "onSetPty" << 0 << QStringList{"ptySearch(10)"};
+    QTest::newRow("PTY search during a seek") << "onSetPty" << 3 << QStringList{"terminate()", "tune(8750)", "ptySearch(10)"};
+}
+
+void tst_RdsInterrupts::optionSwitchesReachTheRadio()
+{
+    QFETCH(QString, slot);
+    QFETCH(int, workStatus);
+    QFETCH(QStringList, radio);
+    makeWindow();
+    prefs()->setTa(true);
+    prefs()->setAf(false);
+    prefs()->setRegional(true);
+    prefs()->setLocal(true);
+    player()->onWorkStatus(workStatus);
+    if (slot == QLatin1String("onSetPty"))
+        player()->onSetPty(10);
+    else
+        QVERIFY(QMetaObject::invokeMethod(player(), qPrintable(slot)));
+    QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), radio);
 }
 
 void tst_RdsInterrupts::interrupts_data()

@@ -1,21 +1,28 @@
 #pragma once
 
+#include <QBasicTimer>
+#include <QScroller>
 #include <QWidget>
 
 class KeyEvent;
 
 namespace tuner {
 
+class OptionWidget;
+class PTYSearchWidget;
+class PTYWidget;
 class TunerPlayer;
 
-// The stack of screens that the main window hands to the host. It shows one
-// screen at a time; for now that is the tuner player.
+// The stack of screens the main window hands to the host: the tuner player,
+// the option list, the PTY list and the PTY search popup, one at a time.
 class MainWidget : public QWidget
 {
     Q_OBJECT
 public:
     explicit MainWidget(QWidget *parent = nullptr);
+    ~MainWidget() override;
 
+    // Calls from the main window; each is skipped when its screen is missing.
     void resume();
     bool windowKeyEvent(KeyEvent *event);
     void terminate();
@@ -30,7 +37,14 @@ public:
     void scrollToPage(int band);
     void updatePresetChecked();
 
+    void showPTYSerch();
+
     TunerPlayer *player() const { return m_player; }
+    PTYWidget *ptyList() const { return m_ptyList; }
+    PTYSearchWidget *searchPopup() const { return m_searchPopup; }
+    OptionWidget *optionList() const { return m_optionList; }
+    bool searchDoneTimerActive() const { return m_searchDoneTimer.isActive(); }
+    bool optionReturnTimerActive() const { return m_optionReturnTimer.isActive(); }
 
 signals:
     void alarmCancel();
@@ -38,12 +52,30 @@ signals:
 
 public slots:
     void onShowTunerPlayer();
+    void onShowPTYWdiget();
+    void onPTYSerchStatus(int id);
+    void onShowOptionWnd();
+    void onListStateChange(QScroller::State state);
+    void onPTYSeachItem(QString name);
+    void onPTYcurItem(int type);
+    void onRadioState(int type);
+    void onClosePTYSearchWnd();
 
 protected:
     bool event(QEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
 
 private:
-    TunerPlayer *m_player;
+    void hideAllPage();
+
+    TunerPlayer *m_player = nullptr;
+    PTYWidget *m_ptyList = nullptr;
+    PTYSearchWidget *m_searchPopup = nullptr;
+    OptionWidget *m_optionList = nullptr;
+    QBasicTimer m_searchDoneTimer;
+    QBasicTimer m_optionReturnTimer;
+    QScroller::State m_listState = QScroller::Inactive;
+    bool m_searchStarted = false;
 };
 
 } // namespace tuner

@@ -85,6 +85,14 @@ void drawGlyph(QPainter &p, const QRectF &r, const QString &glyph, State state)
         QPolygonF chevron;
         chevron << QPointF(c.x() - dir * w, c.y() - h) << QPointF(c.x() + dir * w, c.y()) << QPointF(c.x() - dir * w, c.y() + h);
         p.drawPolyline(chevron);
+    } else if (glyph == QLatin1String("back")) {
+        QPen pen(ink, 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+        p.setPen(pen);
+        p.setBrush(Qt::NoBrush);
+        QPolygonF arrow;
+        arrow << QPointF(c.x() - 2, c.y() - 9) << QPointF(c.x() - 11, c.y()) << QPointF(c.x() - 2, c.y() + 9);
+        p.drawPolyline(arrow);
+        p.drawLine(QPointF(c.x() - 10, c.y()), QPointF(c.x() + 12, c.y()));
     } else if (glyph == QLatin1String("menu")) {
         for (int i = -1; i <= 1; ++i)
             p.drawRoundedRect(QRectF(c.x() - 14, c.y() + i * 8 - 1.5, 28, 3), 1.5, 1.5);

@@ -26,6 +26,7 @@ private slots:
     void seekKeyLandsOnTheNextStation();
     void touchSeekAndHoldAPreset();
     void trafficAnnouncementIsCancelled();
+    void optionsAndAPtySearch();
     void screenshotIsAPng();
     void destroyAsksTheHostForDeletion();
     void quitEndsTheHost();
@@ -160,6 +161,47 @@ void tst_EndToEnd::trafficAnnouncementIsCancelled()
     QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Alarm"), 10000);
     m_simControl->call(QStringLiteral("endAlarm"));
     QTRY_VERIFY_WITH_TIMEOUT(widget(QStringLiteral("Txt_0021_interrupt")).isEmpty(), 10000);
+}
+
+void tst_EndToEnd::optionsAndAPtySearch()
+{
+    const auto tap = [this](int x, int y) { m_automation->call(QStringLiteral("tap"), x, y); };
+    const auto simState = [this] {
+        const QDBusReply<QString> state = m_simControl->call(QStringLiteral("state"));
+        return QJsonDocument::fromJson(state.value().toUtf8()).object();
+    };
+    const bool taBefore = simState().value("ta").toBool();
+
+    const QPoint options = centreOf(QStringLiteral("Key_0025_option_menu"));
+    tap(options.x(), options.y());
+    QTRY_COMPARE(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"));
+    tap(400, 365); // the TA row, fourth of the list
+    QTRY_COMPARE(simState().value("ta").toBool(), !taBefore);
+
+    // Drag the list up to its last row, PTY, and open the PTY list.
+    m_automation->call(QStringLiteral("press"), 400, 440);
+    for (int y = 420; y >= 300; y -= 20)
+        m_automation->call(QStringLiteral("move"), 400, y);
+    QTest::qWait(300); // let the finger rest, so the release does not fling
+    m_automation->call(QStringLiteral("release"), 400, 300);
+    QTest::qWait(800);
+    tap(400, 436);
+    QTRY_COMPARE(text(QStringLiteral("Txt_0090_title")), QStringLiteral("PTY"));
+
+    // Information (code 3): the simulator has one such station, BBC R4 on 93.10.
+    m_simControl->call(QStringLiteral("setTimeScale"), 100);
+    tap(400, 295);
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0110_line1")), QStringLiteral("Searching"), 5000);
+    QCOMPARE(text(QStringLiteral("Txt_0111_line2")), QStringLiteral("Information"));
+    QTRY_VERIFY_WITH_TIMEOUT(widget(QStringLiteral("Txt_0110_line1")).isEmpty(), 10000); // found: the popup goes
+    QCOMPARE(text(QStringLiteral("Txt_0090_title")), QStringLiteral("PTY"));
+    QTRY_COMPARE_WITH_TIMEOUT(simState().value("frequency").toInt(), 9310, 5000);
+    m_simControl->call(QStringLiteral("setTimeScale"), 10);
+    // Five seconds later the option list is back.
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"), 8000);
+    const QPoint back = centreOf(QStringLiteral("Key_0375_back"));
+    tap(back.x(), back.y());
+    QTRY_COMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("93.10"));
 }
 
 void tst_EndToEnd::screenshotIsAPng()

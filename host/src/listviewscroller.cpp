@@ -55,14 +55,18 @@ void ListviewScroller::onScrollerStateChanged(QScroller::State state)
 
 bool ListviewScroller::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_filtered || !m_view)
+    // Only presses and releases need the view; other events also arrive
+    // while the view is being destroyed, when it must not be touched.
+    const bool press = event->type() == QEvent::MouseButtonPress;
+    const bool release = event->type() == QEvent::MouseButtonRelease;
+    if (watched != m_filtered || (!press && !release) || m_view.isNull())
         return QObject::eventFilter(watched, event);
 
-    if (event->type() == QEvent::MouseButtonPress) {
+    if (press) {
         auto *mouse = static_cast<QMouseEvent *>(event);
         m_pressIndex = m_view->indexAt(mouse->pos());
         m_dragged = false;
-    } else if (event->type() == QEvent::MouseButtonRelease) {
+    } else {
         auto *mouse = static_cast<QMouseEvent *>(event);
         const QModelIndex index = m_view->indexAt(mouse->pos());
         const bool tap = !m_dragged && index.isValid() && index == m_pressIndex;

@@ -99,7 +99,7 @@ void ScrollManage::settle()
 
 bool ScrollManage::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_filtered && event->type() == QEvent::Resize && m_area) {
+    if (watched == m_filtered && event->type() == QEvent::Resize && !m_area.isNull()) {
         updateSnapPoints();
         if (m_scroller && m_scroller->state() == QScroller::Inactive)
             m_area->horizontalScrollBar()->setValue(m_page * pageWidth());

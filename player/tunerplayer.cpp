@@ -263,13 +263,19 @@ bool TunerPlayer::isValidFreq()
     return freqNormalize(freq, prefs()->lowFreq(), prefs()->highFreq(), prefs()->stepFreq()) > 0;
 }
 
+// A manual step leaves the preset that was playing.
+void TunerPlayer::unlightPlayingPreset()
+{
+    if (!validPreset(prefs()->playFreqId()))
+        return;
+    unlight(group(prefs()->band()));
+    prefs()->setCurrPlayFreqId(kNoPreset);
+    prefs()->setPresetIndex(0);
+}
+
 void TunerPlayer::manualPlus()
 {
-    if (validPreset(prefs()->playFreqId())) {
-        unlight(group(prefs()->band()));
-        prefs()->setCurrPlayFreqId(kNoPreset);
-        prefs()->setPresetIndex(0);
-    }
+    unlightPlayingPreset();
     int next = m_value + m_step;
     if (next > m_maximum)
         next = m_minimum;
@@ -278,11 +284,7 @@ void TunerPlayer::manualPlus()
 
 void TunerPlayer::manualMinus()
 {
-    if (validPreset(prefs()->playFreqId())) {
-        unlight(group(prefs()->band()));
-        prefs()->setCurrPlayFreqId(kNoPreset);
-        prefs()->setPresetIndex(0);
-    }
+    unlightPlayingPreset();
     int next = m_value - m_step;
     if (next < m_minimum)
         next = m_maximum;

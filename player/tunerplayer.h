@@ -138,6 +138,7 @@ private:
     void manualReleased(bool plus);
     void seek(bool up);
     void unlight(QButtonGroup *group);
+    void unlightPlayingPreset();
     void lightButton(int band, int id);
     QButtonGroup *group(int band) const;
     QLabel *presetLabel(int band, int id) const;

@@ -1,11 +1,6 @@
 #pragma once
 
-#include <QRect>
-#include <QString>
-
-class QModelIndex;
-class QPainter;
-class QStyleOptionViewItem;
+#include <QItemDelegate>
 
 namespace tuner {
 
@@ -18,17 +13,46 @@ enum ListRole {
     RoleCheckPixmap = 357,        // path of a check mark image
 };
 
-// Painting shared by the list rows of the option and PTY screens.
-namespace listrows {
+// The painting steps both list screens share: background, pressed row,
+// decoration, title and current value in the row's colour group, and the
+// row height. Each screen's delegate places the parts and the check mark.
+class RowDelegate : public QItemDelegate
+{
+    Q_OBJECT
+public:
+    enum Layout { CheckLeft = 0, CheckRight = 1 };
 
-// Colour state of a row's texts: 2 disabled (neither selectable nor
-// editable), 1 selected, 3 checked, 0 normal.
-int textState(const QStyleOptionViewItem &option, Qt::ItemFlags flags, bool checked);
-// Draws text in the row's colour group at 30 pixels, vertically centred.
-void drawText(QPainter *painter, const QRect &rect, const QString &text, const QString &group, int state,
-              Qt::Alignment horizontal);
-// Draws an image stretched over the rectangle.
-void drawImage(QPainter *painter, const QRect &rect, const char *path);
+    explicit RowDelegate(QObject *parent = nullptr);
 
-} // namespace listrows
+    void setHeight(int height) { m_height = height; }
+    void setCheckIconLayout(Layout layout) { m_layout = layout; }
+    void setColorGroup(const QString &group) { m_group = group; }
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+protected:
+    void drawBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    void drawFocus(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const override;
+    void drawDecoration(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QPixmap &pixmap) const override;
+    void drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
+                     Qt::CheckState state, Qt::ItemFlags flags) const;
+    void drawCurrent(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
+                     Qt::CheckState state, Qt::ItemFlags flags) const;
+
+    // The parts of a row the delegates compute alike.
+    static QPixmap pixmapOf(const QModelIndex &index, int role);
+    static Qt::CheckState checkStateOf(const QModelIndex &index);
+    // False (and a warning) for an invalid index, which is not painted.
+    static bool paintable(const QModelIndex &index);
+
+    Layout m_layout = CheckLeft;
+    int m_height = 70;
+    QString m_group;
+
+private:
+    using QItemDelegate::drawDisplay;
+    void drawText(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
+                  Qt::CheckState state, Qt::ItemFlags flags, Qt::Alignment horizontal) const;
+};
+
 } // namespace tuner

@@ -1,6 +1,5 @@
 #include "optionwidget.h"
 
-#include "listrows.h"
 #include "listviewscroller.h"
 #include "mcumanager.h"
 #include "preferences.h"
@@ -8,7 +7,6 @@
 #include "settingsutil.h"
 #include "theme.h"
 #include "translator.h"
-#include "tunerlog.h"
 #include "ui_c20_046_tuner_option.h"
 
 #include <QPainter>
@@ -142,35 +140,22 @@ void TunerOptionModel::setItemShowable(tunerOptionItem item, bool on)
 
 // --- delegate ----------------------------------------------------------------------
 
-TunerItemDelegate::TunerItemDelegate(QObject *parent)
-    : QItemDelegate(parent)
-{
-}
-
 void TunerItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    if (!index.isValid()) {
-        TUNER_WAR() << "index.isValid() failed, row not painted.";
+    if (!paintable(index))
         return;
-    }
     painter->save();
     const QStyleOptionViewItem opt = setOptions(index, option);
     const QRect rect = option.rect;
     const int viewLeft = rect.left();
     const int viewWidth = option.widget ? option.widget->width() : rect.width();
 
-    QPixmap check;
-    const QString checkPath = index.data(RoleCheckPixmap).toString();
-    if (!checkPath.isEmpty())
-        check.load(checkPath);
+    const QPixmap check = pixmapOf(index, RoleCheckPixmap);
     const int checkX = m_layout != CheckLeft ? viewWidth - check.width() : viewLeft;
     const QRect checkRect(checkX, rect.top() + (rect.height() - check.height()) / 2, check.width(), check.height());
-    const Qt::CheckState checkState = index.data(Qt::CheckStateRole).toInt() < 1 ? Qt::Unchecked : Qt::Checked;
+    const Qt::CheckState checkState = checkStateOf(index);
 
-    QPixmap decoration;
-    const QString decorationPath = index.data(Qt::DecorationRole).toString();
-    if (!decorationPath.isEmpty())
-        decoration.load(decorationPath);
+    const QPixmap decoration = pixmapOf(index, Qt::DecorationRole);
     QRect decorationRect = checkRect;
     if (!decoration.isNull()) {
         const QSize size = decoration.size().boundedTo(QSize(60, 40));
@@ -190,51 +175,12 @@ void TunerItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opt
     painter->restore();
 }
 
-QSize TunerItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
-{
-    if (m_height >= 1)
-        return QSize(option.rect.right() - option.rect.left(), m_height);
-    const QVariant hint = index.data(Qt::SizeHintRole);
-    return hint.isValid() ? hint.toSize() : QItemDelegate::sizeHint(option, index);
-}
-
-void TunerItemDelegate::drawBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &) const
-{
-    listrows::drawImage(painter, option.rect, ":/Resource/common/Key_C005_item_n.png");
-}
-
-void TunerItemDelegate::drawFocus(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const
-{
-    if (option.state & QStyle::State_Selected)
-        listrows::drawImage(painter, rect, ":/Resource/common/Key_C005_item_p.png");
-}
-
-void TunerItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+// The option rows carry no check image; a marked row shows the theme's mark.
+void TunerItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &, const QRect &rect,
                                   Qt::CheckState state) const
 {
-    Q_UNUSED(option)
-    if (state != Qt::Checked || rect.isEmpty())
-        return;
-    // The option rows carry no check image; a marked row shows the theme's mark.
-    listrows::drawImage(painter, rect, ":/Resource/common/Key_C005_item_s.png");
-}
-
-void TunerItemDelegate::drawDecoration(QPainter *painter, const QStyleOptionViewItem &, const QRect &rect,
-                                       const QPixmap &pixmap) const
-{
-    painter->drawPixmap(rect, pixmap);
-}
-
-void TunerItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
-                                    const QString &text, Qt::CheckState state, Qt::ItemFlags flags) const
-{
-    listrows::drawText(painter, rect, text, m_group, listrows::textState(option, flags, state == Qt::Checked), Qt::AlignLeft);
-}
-
-void TunerItemDelegate::drawCurrent(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
-                                    const QString &text, Qt::CheckState state, Qt::ItemFlags flags) const
-{
-    listrows::drawText(painter, rect, text, m_group, listrows::textState(option, flags, state == Qt::Checked), Qt::AlignRight);
+    if (state == Qt::Checked && !rect.isEmpty())
+        painter->drawPixmap(rect, QPixmap(QStringLiteral(":/Resource/common/Key_C005_item_s.png")));
 }
 
 // --- screen ------------------------------------------------------------------------

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "listrows.h"
 #include "tuneroptions.h"
 
 #include <QAbstractListModel>
-#include <QItemDelegate>
 #include <QMap>
 #include <QWidget>
 
@@ -38,37 +38,16 @@ private:
 };
 
 // One option row: background, title on the left, value on the right.
-class TunerItemDelegate : public QItemDelegate
+class TunerItemDelegate : public RowDelegate
 {
     Q_OBJECT
 public:
-    enum Layout { CheckLeft = 0, CheckRight = 1 };
-
-    explicit TunerItemDelegate(QObject *parent = nullptr);
-
-    void setHeight(int height) { m_height = height; }
-    void setCheckIconLayout(Layout layout) { m_layout = layout; }
-    void setColorGroup(const QString &group) { m_group = group; }
+    using RowDelegate::RowDelegate;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 protected:
-    void drawBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
-    void drawFocus(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const override;
     void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, Qt::CheckState state) const override;
-    void drawDecoration(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QPixmap &pixmap) const override;
-    void drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
-                     Qt::CheckState state, Qt::ItemFlags flags) const;
-    void drawCurrent(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
-                     Qt::CheckState state, Qt::ItemFlags flags) const;
-
-private:
-    using QItemDelegate::drawDisplay;
-
-    Layout m_layout = CheckLeft;
-    int m_height = 70;
-    QString m_group;
 };
 
 // The tuner's settings: automatic store, Local, AF, TA, Regional, PTY.

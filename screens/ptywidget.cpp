@@ -1,6 +1,5 @@
 #include "ptywidget.h"
 
-#include "listrows.h"
 #include "listviewscroller.h"
 #include "mcumanager.h"
 #include "optionwidget.h"
@@ -9,7 +8,6 @@
 #include "settingsutil.h"
 #include "theme.h"
 #include "translator.h"
-#include "tunerlog.h"
 #include "ui_c20_026_pty_list.h"
 
 #include <QPainter>
@@ -94,33 +92,20 @@ Qt::ItemFlags PTYModel::flags(const QModelIndex &index) const
 
 // --- delegate ----------------------------------------------------------------------
 
-ItemDelegate::ItemDelegate(QObject *parent)
-    : QItemDelegate(parent)
-{
-}
-
 void ItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    if (!index.isValid()) {
-        TUNER_WAR() << "index.isValid() failed, row not painted.";
+    if (!paintable(index))
         return;
-    }
     painter->save();
     const QStyleOptionViewItem opt = setOptions(index, option);
     const QRect rect = option.rect;
 
-    QPixmap check;
-    const QString checkPath = index.data(RoleCheckPixmap).toString();
-    if (!checkPath.isEmpty())
-        check.load(checkPath);
+    const QPixmap check = pixmapOf(index, RoleCheckPixmap);
     const int checkX = m_layout != CheckLeft ? rect.width() - check.width() : rect.left() + 10;
     const QRect checkRect(checkX, rect.top() + (rect.height() - check.height()) / 2, check.width(), check.height());
-    const Qt::CheckState checkState = index.data(Qt::CheckStateRole).toInt() < 1 ? Qt::Unchecked : Qt::Checked;
+    const Qt::CheckState checkState = checkStateOf(index);
 
-    QPixmap decoration;
-    const QString decorationPath = index.data(Qt::DecorationRole).toString();
-    if (!decorationPath.isEmpty())
-        decoration.load(decorationPath);
+    const QPixmap decoration = pixmapOf(index, Qt::DecorationRole);
     QRect decorationRect = checkRect;
     if (!decoration.isNull()) {
         const QSize size = decoration.size().boundedTo(QSize(60, 40));
@@ -142,52 +127,12 @@ void ItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     painter->restore();
 }
 
-QSize ItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
-{
-    if (m_height > 0)
-        return QSize(option.rect.right() - option.rect.left(), m_height);
-    const QVariant hint = index.data(Qt::SizeHintRole);
-    return hint.isValid() ? hint.toSize() : QItemDelegate::sizeHint(option, index);
-}
-
-void ItemDelegate::drawBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &) const
-{
-    listrows::drawImage(painter, option.rect, ":/Resource/common/Key_C005_item_n.png");
-}
-
-void ItemDelegate::drawFocus(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const
-{
-    if (option.state & QStyle::State_Selected)
-        listrows::drawImage(painter, rect, ":/Resource/common/Key_C005_item_p.png");
-}
-
 // The mark sits at natural size at the view's left edge, the row's top.
-void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &, const QRect &rect,
                              Qt::CheckState state) const
 {
-    Q_UNUSED(option)
-    if (state != Qt::Checked)
-        return;
-    const QPixmap mark(QStringLiteral(":/Resource/common/Key_C005_item_s.png"));
-    painter->drawPixmap(QPoint(0, rect.top()), mark);
-}
-
-void ItemDelegate::drawDecoration(QPainter *painter, const QStyleOptionViewItem &, const QRect &rect,
-                                  const QPixmap &pixmap) const
-{
-    painter->drawPixmap(rect, pixmap);
-}
-
-void ItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
-                               const QString &text, Qt::CheckState state, Qt::ItemFlags flags) const
-{
-    listrows::drawText(painter, rect, text, m_group, listrows::textState(option, flags, state == Qt::Checked), Qt::AlignLeft);
-}
-
-void ItemDelegate::drawCurrent(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
-                               const QString &text, Qt::CheckState state, Qt::ItemFlags flags) const
-{
-    listrows::drawText(painter, rect, text, m_group, listrows::textState(option, flags, state == Qt::Checked), Qt::AlignRight);
+    if (state == Qt::Checked)
+        painter->drawPixmap(QPoint(0, rect.top()), QPixmap(QStringLiteral(":/Resource/common/Key_C005_item_s.png")));
 }
 
 // --- screen ------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QItemDelegate>
+#include "listrows.h"
+
 #include <QMap>
 #include <QScroller>
 #include <QStringListModel>
@@ -37,39 +38,21 @@ private:
 };
 
 // One PTY row: background, a mark when checked, the name.
-class ItemDelegate : public QItemDelegate
+class ItemDelegate : public RowDelegate
 {
     Q_OBJECT
 public:
-    enum Layout { CheckLeft = 0, CheckRight = 1 };
+    using RowDelegate::RowDelegate;
 
-    explicit ItemDelegate(QObject *parent = nullptr);
-
-    void setHeight(int height) { m_height = height; }
-    void setCheckIconLayout(Layout layout) { m_layout = layout; }
     void setCheckAble(bool checkable) { m_checkable = checkable; }
-    void setColorGroup(const QString &group) { m_group = group; }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 protected:
-    void drawBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
-    void drawFocus(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const override;
     void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, Qt::CheckState state) const override;
-    void drawDecoration(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QPixmap &pixmap) const override;
-    void drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
-                     Qt::CheckState state, Qt::ItemFlags flags) const;
-    void drawCurrent(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
-                     Qt::CheckState state, Qt::ItemFlags flags) const;
 
 private:
-    using QItemDelegate::drawDisplay;
-
-    Layout m_layout = CheckLeft;
-    int m_height = 70;
     bool m_checkable = false;
-    QString m_group;
 };
 
 // The screen where the driver picks a programme type to search for.

@@ -9,6 +9,7 @@
 #include "colorcontrol.h"
 #include "fakeservices.h"
 #include "hostevents.h"
+#include "hostrecorder.h"
 #include "listviewscroller.h"
 #include "mcumanager.h"
 #include "pushbutton.h"
@@ -56,26 +57,6 @@ public:
     int retranslations = 0;
 };
 
-class HostRecorder : public QObject
-{
-public:
-    bool event(QEvent *e) override
-    {
-        if (e->type() >= QEvent::User) {
-            types.append(int(e->type()));
-            if (e->type() == QEvent::Type(Qx::TouchEventType))
-                values.append(static_cast<TouchEvent *>(e)->value());
-            else if (e->type() == QEvent::Type(Qx::TaskEventType))
-                values.append(static_cast<TaskEvent *>(e)->value());
-            else
-                values.append(-1);
-            return true;
-        }
-        return QObject::event(e);
-    }
-    QList<int> types;
-    QList<int> values;
-};
 
 } // namespace
 
@@ -488,14 +469,13 @@ void tst_HostFramework::windowPostsToTheHost()
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no host to receive the event"));
     window.postEvent(new TouchEvent(Qx::TouchBackToHome));
     QCoreApplication::processEvents();
-    QVERIFY(host.types.isEmpty());
+    QVERIFY(host.events.isEmpty());
 
     cm::BaseWindow::setHost(&host);
     window.postEvent(new TouchEvent(Qx::TouchBackToHome));
     window.postEvent(new TaskEvent(Qx::TaskAlarmCancel));
     window.deleteDelay();
-    QTRY_COMPARE(host.types, (QList<int>{1007, 1008, 1009}));
-    QCOMPARE(host.values.mid(0, 2), (QList<int>{1, 5}));
+    QTRY_COMPARE(host.events, (QStringList{"1007:1", "1008:5", "deleteDelay"}));
     cm::BaseWindow::setHost(nullptr);
 
     QWidget widget;

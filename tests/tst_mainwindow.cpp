@@ -6,6 +6,7 @@
 #include "basewindow.h"
 #include "fakeservices.h"
 #include "hostevents.h"
+#include "hostrecorder.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
 #include "preferences.h"
@@ -27,28 +28,6 @@ Preferences *prefs()
     return Preferences::getInstance();
 }
 
-// Records what the window posts to the host, as "type:value".
-class HostRecorder : public QObject
-{
-public:
-    bool event(QEvent *e) override
-    {
-        switch (int(e->type())) {
-        case Qx::TouchEventType:
-            events.append(QStringLiteral("1007:%1").arg(static_cast<TouchEvent *>(e)->value()));
-            return true;
-        case Qx::TaskEventType:
-            events.append(QStringLiteral("1008:%1").arg(static_cast<TaskEvent *>(e)->value()));
-            return true;
-        case Qx::WindowDeleteEventType:
-            events.append(QStringLiteral("deleteDelay"));
-            return true;
-        default:
-            return QObject::event(e);
-        }
-    }
-    QStringList events;
-};
 
 QString interruptSummary()
 {

@@ -5,6 +5,7 @@
 #include "basewindow.h"
 #include "fakeservices.h"
 #include "hostevents.h"
+#include "hostrecorder.h"
 #include "interruptpopup.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
@@ -29,19 +30,6 @@ Preferences *prefs()
     return Preferences::getInstance();
 }
 
-class HostRecorder : public QObject
-{
-public:
-    bool event(QEvent *e) override
-    {
-        if (int(e->type()) == Qx::TaskEventType) {
-            events.append(QStringLiteral("1008:%1").arg(static_cast<TaskEvent *>(e)->value()));
-            return true;
-        }
-        return QObject::event(e);
-    }
-    QStringList events;
-};
 
 } // namespace
 

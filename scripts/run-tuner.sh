@@ -37,6 +37,7 @@ fi
 
 build="$TUNER_SRC/build"
 exec dbus-run-session -- bash -c '
+    echo "To drive it from another shell: export DBUS_SESSION_BUS_ADDRESS=$DBUS_SESSION_BUS_ADDRESS"
     "$0/sim/nilo-sim" --state "$1/sim.json" &
     sim=$!
     trap "kill $sim 2>/dev/null" EXIT

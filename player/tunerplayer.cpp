@@ -165,34 +165,36 @@ int TunerPlayer::displayLine() const
     return cm::SettingsUtil::instance()->getRadioInfoDispLine();
 }
 
-QLabel *TunerPlayer::freqLabel() const
+// Mode 1 uses page_tuner_01's widget, mode 0 page_tuner_02's; any other mode none.
+QLabel *TunerPlayer::byDisplayLine(QLabel *mode1, QLabel *mode0) const
 {
     const int mode = displayLine();
-    return mode == 1 ? ui->Txt_0035_rds_freq : mode == 0 ? ui->Txt_0019_rds_freq : nullptr;
+    return mode == 1 ? mode1 : mode == 0 ? mode0 : nullptr;
+}
+
+QLabel *TunerPlayer::freqLabel() const
+{
+    return byDisplayLine(ui->Txt_0035_rds_freq, ui->Txt_0019_rds_freq);
 }
 
 QLabel *TunerPlayer::unitLabel() const
 {
-    const int mode = displayLine();
-    return mode == 1 ? ui->Txt_0036_rds_unit : mode == 0 ? ui->Txt_0020_rds_unit : nullptr;
+    return byDisplayLine(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit);
 }
 
 QLabel *TunerPlayer::nameLabel() const
 {
-    const int mode = displayLine();
-    return mode == 1 ? static_cast<QLabel *>(ui->Txt_0037_rds_name) : mode == 0 ? ui->Txt_0018_rds_name : nullptr;
+    return byDisplayLine(ui->Txt_0037_rds_name, ui->Txt_0018_rds_name);
 }
 
 QLabel *TunerPlayer::rdsIcon() const
 {
-    const int mode = displayLine();
-    return mode == 1 ? ui->Icn_0020_rds : mode == 0 ? ui->Icn_0015_rds : nullptr;
+    return byDisplayLine(ui->Icn_0020_rds, ui->Icn_0015_rds);
 }
 
 QLabel *TunerPlayer::tpIcon() const
 {
-    const int mode = displayLine();
-    return mode == 1 ? ui->Icn_0021_tp : mode == 0 ? ui->Icn_0016_tp : nullptr;
+    return byDisplayLine(ui->Icn_0021_tp, ui->Icn_0016_tp);
 }
 
 // --- frequency model ---------------------------------------------------------------

@@ -158,6 +158,7 @@ private:
     QLabel *rdsIcon() const;
     QLabel *tpIcon() const;
     int displayLine() const;
+    QLabel *byDisplayLine(QLabel *mode1, QLabel *mode0) const;
 
     Ui::c20_003_tuner *ui;
     NiloRadioServiceInterface *m_radio;

@@ -3,7 +3,9 @@
 #include "colorcontrol.h"
 #include "tunerlog.h"
 
+#include <QListView>
 #include <QPainter>
+#include <QScrollBar>
 #include <QPixmap>
 
 namespace tuner {
@@ -73,6 +75,19 @@ void RowDelegate::drawText(QPainter *painter, const QStyleOptionViewItem &option
     painter->drawText(rect, int(horizontal | Qt::AlignVCenter), text);
 }
 
+void RowDelegate::drawParts(QPainter *painter, const QStyleOptionViewItem &opt, const QModelIndex &index,
+                            const Parts &parts) const
+{
+    drawBackground(painter, opt, index);
+    drawFocus(painter, opt, opt.rect);
+    drawCheck(painter, opt, parts.check, parts.checkState);
+    if (!parts.decoration.isNull())
+        drawDecoration(painter, opt, parts.decorationRect, parts.decoration);
+    drawDisplay(painter, opt, parts.text, index.data(Qt::DisplayRole).toString(), parts.checkState, index.flags());
+    drawCurrent(painter, opt, opt.rect.adjusted(0, 0, -20, 0), index.data(RoleCurrentValue).toString(),
+                parts.checkState, index.flags());
+}
+
 QPixmap RowDelegate::pixmapOf(const QModelIndex &index, int role)
 {
     const QString path = index.data(role).toString();
@@ -89,6 +104,19 @@ bool RowDelegate::paintable(const QModelIndex &index)
     if (!index.isValid())
         TUNER_WAR() << "index.isValid() failed, row not painted.";
     return index.isValid();
+}
+
+void useSeparateScrollBar(QListView *list, QScrollBar *bar, QWidget *owner)
+{
+    const QRect geometry = bar->geometry();
+    list->setVerticalScrollBar(bar);
+    bar->setParent(owner);
+    bar->setGeometry(geometry);
+    bar->show();
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    bar->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    list->viewport()->setAutoFillBackground(false);
 }
 
 } // namespace tuner

@@ -2,6 +2,9 @@
 
 #include <QItemDelegate>
 
+class QListView;
+class QScrollBar;
+
 namespace tuner {
 
 // Item-model roles shared by the list screens.
@@ -39,6 +42,18 @@ protected:
     void drawCurrent(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
                      Qt::CheckState state, Qt::ItemFlags flags) const;
 
+    // Draws a row's parts in order, once the delegate has placed them.
+    struct Parts
+    {
+        QRect check;
+        QPixmap decoration;
+        QRect decorationRect;
+        QRect text;
+        Qt::CheckState checkState;
+    };
+    void drawParts(QPainter *painter, const QStyleOptionViewItem &opt, const QModelIndex &index,
+                   const Parts &parts) const;
+
     // The parts of a row the delegates compute alike.
     static QPixmap pixmapOf(const QModelIndex &index, int role);
     static Qt::CheckState checkStateOf(const QModelIndex &index);
@@ -54,5 +69,9 @@ private:
     void drawText(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
                   Qt::CheckState state, Qt::ItemFlags flags, Qt::Alignment horizontal) const;
 };
+
+// Lets a list scroll with a scroll bar of the form that stays a widget of
+// its own, at its own place on the screen.
+void useSeparateScrollBar(QListView *list, QScrollBar *bar, QWidget *owner);
 
 } // namespace tuner

@@ -164,14 +164,7 @@ void TunerItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opt
     }
     const QRect titleRect(viewLeft + 66, rect.top() + 10, viewWidth - decorationRect.width() - 92, rect.height() - 26);
 
-    drawBackground(painter, opt, index);
-    drawFocus(painter, opt, rect);
-    drawCheck(painter, opt, checkRect, checkState);
-    if (!decoration.isNull())
-        drawDecoration(painter, opt, decorationRect, decoration);
-    drawDisplay(painter, opt, titleRect, index.data(Qt::DisplayRole).toString(), checkState, index.flags());
-    drawCurrent(painter, opt, rect.adjusted(0, 0, -20, 0), index.data(RoleCurrentValue).toString(), checkState,
-                index.flags());
+    drawParts(painter, opt, index, {checkRect, decoration, decorationRect, titleRect, checkState});
     painter->restore();
 }
 
@@ -202,14 +195,7 @@ OptionWidget::OptionWidget(QWidget *parent)
     ui->Lst_0016_tuner_option_list->setModel(m_model);
 
     QScrollBar *bar = ui->Oth_0012_scroll_bar;
-    const QRect barGeometry = bar->geometry();
-    ui->Lst_0016_tuner_option_list->setVerticalScrollBar(bar);
-    bar->setParent(this); // a widget of its own, at its own place
-    bar->setGeometry(barGeometry);
-    ui->Lst_0016_tuner_option_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    ui->Lst_0016_tuner_option_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    ui->Lst_0016_tuner_option_list->verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
-    ui->Lst_0016_tuner_option_list->viewport()->setAutoFillBackground(false);
+    useSeparateScrollBar(ui->Lst_0016_tuner_option_list, bar, this);
 
     m_scroller->setSelectModel(ui->Lst_0016_tuner_option_list->selectionModel());
     connect(m_scroller, SIGNAL(clicked(QModelIndex)), this, SLOT(onItemClicked(QModelIndex)));

@@ -116,14 +116,7 @@ void ItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     if (m_checkable)
         textRect.setLeft(textRect.left() + 40);
 
-    drawBackground(painter, opt, index);
-    drawFocus(painter, opt, rect);
-    drawCheck(painter, opt, rect, checkState);
-    if (!decoration.isNull())
-        drawDecoration(painter, opt, decorationRect, decoration);
-    drawDisplay(painter, opt, textRect, index.data(Qt::DisplayRole).toString(), checkState, index.flags());
-    drawCurrent(painter, opt, rect.adjusted(0, 0, -20, 0), index.data(RoleCurrentValue).toString(), checkState,
-                index.flags());
+    drawParts(painter, opt, index, {rect, decoration, decorationRect, textRect, checkState});
     painter->restore();
 }
 
@@ -159,16 +152,7 @@ PTYWidget::PTYWidget(QWidget *parent)
     m_delegate->setCheckAble(true);
     ui->Lst_0003_pty_list->setItemDelegate(m_delegate);
 
-    QScrollBar *bar = ui->Oth_0009_scroll_bar;
-    const QRect barGeometry = bar->geometry();
-    ui->Lst_0003_pty_list->setVerticalScrollBar(bar);
-    bar->setParent(this);
-    bar->setGeometry(barGeometry);
-    bar->show();
-    ui->Lst_0003_pty_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    ui->Lst_0003_pty_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    ui->Lst_0003_pty_list->verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
-    ui->Lst_0003_pty_list->viewport()->setAutoFillBackground(false);
+    useSeparateScrollBar(ui->Lst_0003_pty_list, ui->Oth_0009_scroll_bar, this);
     m_delegate->setColorGroup(ui->Txt_0137_list->accessibleDescription());
 
     // The scroller snaps to the model's 60-pixel hint while rows are laid out

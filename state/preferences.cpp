@@ -1,6 +1,6 @@
 #include "preferences.h"
 
-#include "conffile.h"
+#include "inifile.h"
 #include "settingsutil.h"
 #include "translator.h"
 #include "tunerlog.h"
@@ -18,6 +18,12 @@ namespace {
 bool validPreset(int index)
 {
     return index >= 0 && index < kPresetCount;
+}
+
+// "Freq/FM0" .. "Freq/AM4": the group of a band under its own family's prefix.
+QString ownBandGroup(int band)
+{
+    return QStringLiteral("Freq/%1%2").arg(band <= BAND_FM3 ? QStringLiteral("FM") : QStringLiteral("AM")).arg(band);
 }
 
 QString presetKey(const char *prefix, int index)
@@ -67,8 +73,18 @@ void Preferences::resetInstance()
 Preferences::Preferences()
     : m_configPath(paths::radioConf())
     , m_settingsPath(paths::settingsIni())
+    , m_radioConf(std::make_unique<IniFile>(m_configPath))
+    , m_settings(std::make_unique<IniFile>(m_settingsPath))
 {
     loadDate();
+}
+
+Preferences::~Preferences() = default;
+
+void Preferences::flush()
+{
+    m_radioConf->flush();
+    m_settings->flush();
 }
 
 void Preferences::loadDate()
@@ -125,18 +141,10 @@ QString Preferences::bandGroup(int bandNumber) const
     return QStringLiteral("Freq/%1%2").arg(isFM() ? QStringLiteral("FM") : QStringLiteral("AM")).arg(bandNumber);
 }
 
-void Preferences::writeRadioConf(const QString &group, const QString &key, const QVariant &value) const
+template<typename T>
+void Preferences::writeBandKey(int bandNumber, const QString &key, T value)
 {
-    ConfFile file(m_configPath);
-    file.beginGroup(group);
-    file.setValue(key, value);
-    file.endGroup();
-    file.sync();
-}
-
-void Preferences::writeBandKey(int bandNumber, const QString &key, const QVariant &value) const
-{
-    writeRadioConf(bandGroup(bandNumber), key, value);
+    m_radioConf->setValue(bandGroup(bandNumber) + QLatin1Char('/') + key, value);
 }
 
 int Preferences::snapToBand(const flagBand &band, int freq) const
@@ -149,7 +157,7 @@ int Preferences::snapToBand(const flagBand &band, int freq) const
 void Preferences::storeSwitch(bool &field, bool on, const char *key)
 {
     field = on;
-    writeRadioConf(QStringLiteral("Tune"), QLatin1String(key), on);
+    m_radioConf->setValue(QLatin1String("Tune/") + QLatin1String(key), on);
 }
 
 void Preferences::storeBand(Band &field, Band band, const char *key)
@@ -159,7 +167,7 @@ void Preferences::storeBand(Band &field, Band band, const char *key)
         return;
     }
     field = band;
-    writeRadioConf(QStringLiteral("Tune"), QLatin1String(key), int(band));
+    m_radioConf->setValue(QLatin1String("Tune/") + QLatin1String(key), int(band));
 }
 
 void Preferences::setLocal(bool on)
@@ -214,8 +222,7 @@ void Preferences::setPlayFreq(Band band, int freq)
     }
     flagBand &data = m_bands[band];
     data.currFreq = snapToBand(data, freq);
-    const QString group = QStringLiteral("Freq/%1%2").arg(band > BAND_FM3 ? QStringLiteral("AM") : QStringLiteral("FM")).arg(int(band));
-    writeRadioConf(group, QStringLiteral("CurrFreq"), data.currFreq);
+    m_radioConf->setValue(ownBandGroup(band) + QLatin1String("/CurrFreq"), data.currFreq);
 }
 
 // Only ids above 5 become "none"; negative ids are stored as they are.
@@ -269,61 +276,56 @@ void Preferences::saveFreq(const int *freqs, int count)
         return;
     }
     const int lastBand = isFmBand(m_btmBand) ? BAND_FM3 : BAND_AM2;
-    ConfFile file(m_configPath);
     int next = 0;
     int preset = qMax(0, m_bands[m_btmBand].btmFreqIdBefore);
     for (int b = m_btmBand; b <= lastBand && next < count; ++b, preset = 0) {
-        file.beginGroup(bandGroup(b));
         for (; preset < kPresetCount && next < count; ++preset) {
             m_bands[b].presets[preset] = freqs[next++];
-            file.setValue(presetKey("preset_%1", preset), m_bands[b].presets[preset]);
+            writeBandKey(b, presetKey("preset_%1", preset), m_bands[b].presets[preset]);
         }
-        file.endGroup();
     }
     if (next < count)
         TUNER_WAR() << count - next << "stations did not fit into the presets, dropped.";
-    file.sync();
 }
 
+// One code per preset, in order: an empty item is a preset with neither flag.
 void Preferences::aftaState(const QString &aftaList)
 {
-    const QVector<int> codes = parseIntList(aftaList, "aftaList");
-    ConfFile file(m_configPath);
+    const QStringList codes = aftaList.isEmpty() ? QStringList() : aftaList.split(QLatin1Char(';'));
     int next = 0;
     for (int b = BAND_FM1; b <= BAND_FM3 && next < codes.size(); ++b) {
-        file.beginGroup(QStringLiteral("Freq/FM%1").arg(b));
+        const QString group = ownBandGroup(b) + QLatin1Char('/');
         for (int i = 0; i < kPresetCount && next < codes.size(); ++i) {
-            const int code = codes.at(next++);
+            const QString item = codes.at(next++).trimmed();
+            bool ok = item.isEmpty();
+            const int code = ok ? 0 : item.toInt(&ok, 10);
+            if (!ok)
+                TUNER_WAR() << "aftaList" << item << "is not a number, read as neither flag.";
             m_bands[b].af[i] = code == 1 || code == 3;
             m_bands[b].ta[i] = code == 2 || code == 3;
-            file.setValue(presetKey("AF_%1", i), m_bands[b].af[i]);
-            file.setValue(presetKey("TA_%1", i), m_bands[b].ta[i]);
+            m_radioConf->setValue(group + presetKey("AF_%1", i), m_bands[b].af[i]);
+            m_radioConf->setValue(group + presetKey("TA_%1", i), m_bands[b].ta[i]);
         }
-        file.endGroup();
     }
-    file.sync();
 }
 
 // After an automatic store the new presets take the current switches. The
-// two keys are written crossed here, and only here; the file is written when
-// it is closed.
+// two keys are written crossed here, and only here.
 void Preferences::resetAfTa(int count)
 {
     if (!isFmBand(m_btmBand) || count <= 0)
         return;
-    ConfFile file(m_configPath);
     int done = 0;
     int preset = qMax(0, m_bands[m_btmBand].btmFreqIdBefore);
     for (int b = m_btmBand; b <= BAND_FM3 && done < count; ++b, preset = 0) {
-        file.beginGroup(QStringLiteral("Freq/FM%1").arg(b));
+        const QString group = ownBandGroup(b) + QLatin1Char('/');
         for (; preset < kPresetCount && done < count; ++preset, ++done) {
             m_bands[b].af[preset] = m_af;
             m_bands[b].ta[preset] = m_ta;
             m_bands[b].savePreset[preset] = false;
-            file.setValue(presetKey("TA_%1", preset), m_af);
-            file.setValue(presetKey("AF_%1", preset), m_ta);
+            m_radioConf->setValue(group + presetKey("TA_%1", preset), m_af);
+            m_radioConf->setValue(group + presetKey("AF_%1", preset), m_ta);
         }
-        file.endGroup();
     }
 }
 
@@ -335,11 +337,7 @@ void Preferences::saveRdsName(Band band, int index, const QString &name)
         return;
     }
     m_bands[band].rdsName[index] = name;
-    ConfFile file(m_settingsPath);
-    file.beginGroup(QStringLiteral("Tuner"));
-    file.setValue(QStringLiteral("rdsName"), name);
-    file.endGroup();
-    file.sync();
+    m_settings->setValue(QStringLiteral("Tuner/rdsName"), name);
 }
 
 // --- state from the radio service -----------------------------------------
@@ -361,13 +359,19 @@ void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_fre
         if (f > 0)
             amPresets.append(f);
 
-    ConfFile file(m_configPath);
-    file.beginGroup(QStringLiteral("Freq"));
-
     auto setUpFamily = [&](int firstBand, int lastBand, int low, int high, int step,
-                           const QVector<int> &presets, const QString &prefix) {
+                           const QVector<int> &presets) {
         int next = 0;
         for (int b = firstBand; b <= lastBand && b < positions.size(); ++b) {
+            if (isFmBand(b)) {
+                m_fmMax = high;
+                m_fmMin = low;
+                m_fmStep = step;
+            } else {
+                m_amMax = high;
+                m_amMin = low;
+                m_amStep = step;
+            }
             flagBand &band = m_bands[b];
             band.lowFreq = low;
             band.highFreq = high;
@@ -375,37 +379,93 @@ void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_fre
             const int id = positions.at(b);
             band.btmFreqIdBefore = validPreset(id) ? id : 0;
             band.presetIndex = band.btmFreqIdBefore;
-            file.beginGroup(prefix + QString::number(b));
+            const QString group = ownBandGroup(b) + QLatin1Char('/');
             if (b < currentFreqs.size())
                 band.currFreq = currentFreqs.at(b);
             else
                 TUNER_WAR() << b << "has no current frequency in the list, kept" << band.currFreq;
-            file.setValue(QStringLiteral("CurrFreq"), band.currFreq);
+            m_radioConf->setValue(group + QLatin1String("CurrFreq"), band.currFreq);
             band.currFreqId = id;
-            file.setValue(QStringLiteral("CurrFreqId"), id);
+            m_radioConf->setValue(group + QLatin1String("CurrFreqId"), id);
             for (int i = 0; i < kPresetCount && next < presets.size(); ++i) {
                 band.presets[i] = presets.at(next++);
-                file.setValue(presetKey("preset_%1", i), band.presets[i]);
+                m_radioConf->setValue(group + presetKey("preset_%1", i), band.presets[i]);
             }
-            file.endGroup();
         }
     };
 
-    m_fmMax = fm_freq_max;
-    m_fmMin = fm_freq_min;
-    m_fmStep = fm_step;
-    setUpFamily(BAND_FM1, BAND_FM3, fm_freq_min, fm_freq_max, fm_step, fmPresets, QStringLiteral("FM"));
-    m_amMax = am_freq_max;
-    m_amMin = am_freq_min;
-    m_amStep = am_step;
-    setUpFamily(BAND_AM1, BAND_AM2, am_freq_min, am_freq_max, am_step, amPresets, QStringLiteral("AM"));
-
-    file.endGroup();
-    file.sync();
+    setUpFamily(BAND_FM1, BAND_FM3, fm_freq_min, fm_freq_max, fm_step, fmPresets);
+    setUpFamily(BAND_AM1, BAND_AM2, am_freq_min, am_freq_max, am_step, amPresets);
 
     m_presetIndex = validPreset(playFreqId()) ? playFreqId() : 0;
     m_presetBand = m_band;
     m_btmBand = m_band;
+}
+
+// --- state kept in radio.conf ------------------------------------------------
+
+void Preferences::restoreStoredTuning()
+{
+    const IniFile &file = *m_radioConf;
+    bool ok = false;
+    const auto storedBand = [&](const char *key, Band &field) {
+        const int value = file.intValue(QLatin1String("Tune/") + QLatin1String(key), &ok);
+        if (ok && isValidBand(value))
+            field = Band(value);
+    };
+    storedBand("CurrBand", m_band);
+    storedBand("Band_FM", m_bandFM);
+    storedBand("Band_AM", m_bandAM);
+    const bool local = file.boolValue(QStringLiteral("Tune/Local"), &ok);
+    if (ok)
+        m_local = local;
+    const bool regional = file.boolValue(QStringLiteral("Tune/Regional"), &ok);
+    if (ok)
+        m_regional = regional;
+
+    for (int b = 0; b < kBandCount; ++b) {
+        flagBand &band = m_bands[b];
+        const QString group = ownBandGroup(b) + QLatin1Char('/');
+        const int freq = file.intValue(group + QLatin1String("CurrFreq"), &ok);
+        if (ok && freq > 0)
+            band.currFreq = snapToBand(band, freq);
+        const int id = file.intValue(group + QLatin1String("CurrFreqId"), &ok);
+        if (ok) {
+            band.currFreqId = validPreset(id) ? id : kNoPreset;
+            band.presetIndex = validPreset(id) ? id : 0;
+        }
+        for (int i = 0; i < kPresetCount; ++i) {
+            const int preset = file.intValue(group + presetKey("preset_%1", i), &ok);
+            if (ok && preset > 0)
+                band.presets[i] = snapToBand(band, preset);
+        }
+    }
+    m_presetIndex = validPreset(playFreqId()) ? playFreqId() : 0;
+    m_presetBand = m_band;
+    m_btmBand = m_band;
+}
+
+void Preferences::restoreStoredAfTa()
+{
+    const IniFile &file = *m_radioConf;
+    bool ok = false;
+    const bool ta = file.boolValue(QStringLiteral("Tune/ta"), &ok);
+    if (ok)
+        m_ta = ta;
+    const bool af = file.boolValue(QStringLiteral("Tune/Af"), &ok);
+    if (ok)
+        m_af = af;
+    for (int b = BAND_FM1; b <= BAND_FM3; ++b) {
+        const QString group = ownBandGroup(b) + QLatin1Char('/');
+        for (int i = 0; i < kPresetCount; ++i) {
+            const bool presetAf = file.boolValue(group + presetKey("AF_%1", i), &ok);
+            if (ok)
+                m_bands[b].af[i] = presetAf;
+            const bool presetTa = file.boolValue(group + presetKey("TA_%1", i), &ok);
+            if (ok)
+                m_bands[b].ta[i] = presetTa;
+        }
+    }
 }
 
 // Names of the 18 FM presets arrive in two strings of nine: the first from

@@ -3,9 +3,12 @@
 #include "region.h"
 
 #include <QString>
-#include <QVariant>
+
+#include <memory>
 
 namespace tuner {
+
+class IniFile;
 
 // 0, 1, 2 are FM1..FM3; 3 and 4 are AM1 and AM2.
 enum Band { BAND_FM1 = 0, BAND_FM2 = 1, BAND_FM3 = 2, BAND_AM1 = 3, BAND_AM2 = 4 };
@@ -14,8 +17,9 @@ enum InterruptType { INTERRUPT_NONE = 0, INTERRUPT_ALARM = 1, INTERRUPT_TA = 2 }
 
 constexpr int kNoPreset = 6; // preset id meaning "no preset lit"
 
-// The tuner's whole state. Persistent setters write the radio configuration
-// (or the settings file) at once; nothing is ever read back from them.
+// The tuner's whole state. Persistent setters change the radio configuration
+// (or the settings file) only when the value changes; the changes of one burst
+// reach the disk together, a moment later (see IniFile).
 class Preferences
 {
 public:
@@ -62,6 +66,14 @@ public:
     void toggleAf() { setAf(!m_af); }
     void toggleRegional() { setRegional(!m_regional); }
     void togglelocal() { setLocal(!m_local); }
+
+    // What radio.conf holds, for when the radio service cannot tell: the
+    // bands, Local/Regional and every band's frequency, preset id and presets;
+    // or the AF/TA switches and flags. Read only; nothing is written.
+    void restoreStoredTuning();
+    void restoreStoredAfTa();
+    // Writes pending changes of both files now.
+    void flush();
 
     // Initial state from the radio service.
     void init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min,
@@ -159,7 +171,7 @@ public:
 
 private:
     Preferences();
-    ~Preferences() = default;
+    ~Preferences();
     Preferences(const Preferences &) = delete;
     Preferences &operator=(const Preferences &) = delete;
 
@@ -174,8 +186,8 @@ private:
     flagBand &current() { return m_bands[m_band]; }
     int snapToBand(const flagBand &band, int freq) const;
     QString bandGroup(int bandNumber) const;
-    void writeRadioConf(const QString &group, const QString &key, const QVariant &value) const;
-    void writeBandKey(int bandNumber, const QString &key, const QVariant &value) const;
+    template<typename T>
+    void writeBandKey(int bandNumber, const QString &key, T value);
     void storeSwitch(bool &field, bool on, const char *key);
     void storeBand(Band &field, Band band, const char *key);
 
@@ -219,6 +231,8 @@ private:
     flagBand m_bands[kBandCount];
     QString m_configPath;
     QString m_settingsPath;
+    std::unique_ptr<IniFile> m_radioConf;
+    std::unique_ptr<IniFile> m_settings;
 };
 
 } // namespace tuner

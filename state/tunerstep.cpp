@@ -1,4 +1,4 @@
-#include "conffile.h"
+#include "inifile.h"
 #include "region.h"
 #include "tuneroptions.h"
 #include "tunerlog.h"
@@ -22,30 +22,23 @@ void setTunerStep(int step)
         TUNER_WAR() << step << "is not a tuner step variant (0 or 1), ignored.";
         return;
     }
-    ConfFile file(tunerStepConfPath());
-    file.beginGroup(QStringLiteral("Tune"));
-    file.setValue(QStringLiteral("TunerStep"), step);
-    file.sync();
-    const QString regionName = file.value(QStringLiteral("Region")).toString();
-    file.endGroup();
-    if (regionName.isEmpty())
-        return;
-    const tagTunerRegion_T *region = findRegionByName(regionName, Qt::CaseInsensitive);
-    if (!region) {
-        TUNER_WAR() << regionName << "is not a known region, presets not changed.";
-        return;
+    IniFile file(tunerStepConfPath());
+    file.setValue(QStringLiteral("Tune/TunerStep"), step);
+    const QString regionName = file.plainText(QStringLiteral("Tune/Region"));
+    if (!regionName.isEmpty()) {
+        if (const tagTunerRegion_T *region = findRegionByName(regionName, Qt::CaseInsensitive)) {
+            const tagTunerRegionVariant_T &v = region->variant[step];
+            for (int b = 0; b < kBandCount; ++b) {
+                const QString group = QStringLiteral("Freq/%1%2/").arg(b < kFmBandCount ? QStringLiteral("FM") : QStringLiteral("AM")).arg(b);
+                file.setValue(group + QLatin1String("CurrFreq"), v.currFreq[b]);
+                for (int i = 0; i < kPresetCount; ++i)
+                    file.setValue(group + QStringLiteral("preset_%1").arg(i), v.presets[b][i]);
+            }
+        } else {
+            TUNER_WAR() << regionName << "is not a known region, presets not changed.";
+        }
     }
-    const tagTunerRegionVariant_T &v = region->variant[step];
-    file.beginGroup(QStringLiteral("Freq"));
-    for (int b = 0; b < kBandCount; ++b) {
-        file.beginGroup(QStringLiteral("%1%2").arg(b < kFmBandCount ? QStringLiteral("FM") : QStringLiteral("AM")).arg(b));
-        file.setValue(QStringLiteral("CurrFreq"), v.currFreq[b]);
-        for (int i = 0; i < kPresetCount; ++i)
-            file.setValue(QStringLiteral("preset_%1").arg(i), v.presets[b][i]);
-        file.endGroup();
-    }
-    file.endGroup();
-    file.sync();
+    file.flush();
 }
 
 } // namespace tuner

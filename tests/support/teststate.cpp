@@ -37,13 +37,17 @@ QString TestState::settingsIni() const
     return m_dir.path() + QLatin1String("/media/flash/nvm/settings.ini");
 }
 
+// The files are read as any other program would, after the tuner has
+// written what it holds pending.
 QVariant TestState::radioConfValue(const QString &key) const
 {
+    tuner::Preferences::getInstance()->flush();
     return QSettings(radioConf(), QSettings::IniFormat).value(key);
 }
 
 QVariant TestState::settingsValue(const QString &key) const
 {
+    tuner::Preferences::getInstance()->flush();
     return QSettings(settingsIni(), QSettings::IniFormat).value(key);
 }
 

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QTimer>
+#include <QVector>
+
+namespace tuner {
+
+// One INI file held in memory, in the layout QSettings reads and writes
+// ("[Freq]" / "FM0\CurrFreq=8750"). It is checked and read once; setters
+// change memory only, and only when the value really changes. Changes of one
+// burst are written together, shortly after, as one atomic synced rewrite
+// (temporary file, fdatasync, rename), so a power loss leaves either the old
+// or the new file and never a torn one.
+class IniFile : public QObject
+{
+    Q_OBJECT
+public:
+    // Larger files are not the tuner's: they are left alone.
+    static constexpr qint64 kMaxFileBytes = 1024 * 1024;
+    static constexpr int kFlushDelayMs = 50;
+
+    explicit IniFile(const QString &path, QObject *parent = nullptr);
+    ~IniFile() override; // writes what is pending
+
+    QString path() const { return m_path; }
+    // False when the file was refused (not a regular file, too large): it is
+    // then never written.
+    bool isWritable() const { return m_writable; }
+
+    // `key` is a QSettings path below the file ("Freq/FM0/CurrFreq").
+    void setValue(const QString &key, int value);
+    void setValue(const QString &key, bool value);
+    void setValue(const QString &key, const QString &value);
+    bool contains(const QString &key) const;
+    // A stored number or switch; *ok is false when it is absent or not one.
+    int intValue(const QString &key, bool *ok) const;
+    bool boolValue(const QString &key, bool *ok) const;
+    // A stored text without its quotes; escapes are not undone (plain ASCII
+    // values such as region names).
+    QString plainText(const QString &key) const;
+
+    // Writes pending changes now; true when nothing is left pending.
+    bool flush();
+    bool hasPendingChanges() const { return m_dirty; }
+    int rewrites() const { return m_rewrites; }
+
+    // The text QSettings stores for a string (escapes, quotes, "@@").
+    static QByteArray escapedString(const QString &text);
+
+private:
+    struct Section
+    {
+        QByteArray name;
+        QVector<QPair<QByteArray, QByteArray>> entries; // key (with '\'), value as stored
+    };
+
+    void load();
+    bool parse(const QByteArray &content);
+    void setRaw(const QString &key, const QByteArray &value);
+    const QByteArray *rawValue(const QString &key) const;
+    QByteArray serialise() const;
+    bool writeAtomically(const QByteArray &content);
+
+    QString m_path;
+    QVector<Section> m_sections;
+    bool m_writable = true;
+    bool m_dirty = false;
+    bool m_writeFailed = false;
+    int m_rewrites = 0;
+    QTimer m_flushTimer;
+};
+
+} // namespace tuner

@@ -6,6 +6,8 @@
 #include "interruptpopup.h"
 #include "mcumanager.h"
 #include "preferences.h"
+#include "radiochecks.h"
+#include "radioedge.h"
 #include "pushbutton.h"
 #include "scrolllabel.h"
 #include "scrollmanage.h"
@@ -31,6 +33,8 @@ constexpr int kKeyLongPressMs = 2000;
 constexpr int kPresetHoldMs = 1500;
 constexpr int kManualRepeatMs = 300;
 constexpr int kBandKeyLockMs = 3000;
+// A manual step the service never confirms must not leave its key dead.
+constexpr int kManualKeyReleaseMs = 3000;
 constexpr int kSeekSettleMs = 350;
 constexpr int kSwipeDistance = 101;
 constexpr int kSwipeAreaBottom = 311;
@@ -58,7 +62,7 @@ const char *const kPageImages[] = {
 
 } // namespace
 
-TunerPlayer::TunerPlayer(QWidget *parent)
+TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge)
     : QWidget(parent)
     , ui(new Ui::c20_003_tuner)
 {
@@ -80,18 +84,39 @@ TunerPlayer::TunerPlayer(QWidget *parent)
     m_seekSettle = new QTimer(this);
     connect(m_seekSettle, SIGNAL(timeout()), this, SLOT(onTimer()));
     initband();
-    connect(m_radio, SIGNAL(stationChanged(int,int)), this, SLOT(onFrequencyChanged(int,int)));
-    connect(m_radio, SIGNAL(ptyChanged(int,QString)), this, SLOT(onPtyChanged(int,QString)));
-    connect(m_radio, SIGNAL(work_status(int)), this, SLOT(onSeekState(int)));
-    connect(m_radio, SIGNAL(bandFMAMChang(int)), this, SLOT(onBandChangState(int)));
+    if (!radioEdge)
+        radioEdge = new RadioEdge(m_radio, this);
+    connect(radioEdge, SIGNAL(stationChanged(int,int)), this, SLOT(onFrequencyChanged(int,int)));
+    connect(radioEdge, SIGNAL(ptyChanged(int,QString)), this, SLOT(onPtyChanged(int,QString)));
+    connect(radioEdge, SIGNAL(work_status(int)), this, SLOT(onSeekState(int)));
+    connect(radioEdge, SIGNAL(bandFMAMChang(int)), this, SLOT(onBandChangState(int)));
 
-    onFrequencyChanged(m_lastFreq, bus::replyValue(m_radio->freqBandId(), "freqBandId"));
-    const int ptyType = bus::replyValue(m_radio->ptyType(), "ptyType");
-    onPtyChanged(ptyType, bus::replyValue(m_radio->rdsName(), "rdsName"));
-    onstatusChanged(prefs()->rdsState());
-    onRdsName(prefs()->curRdsName());
-    onWorkStatus(bus::replyValue(m_radio->workStateType(), "workStateType"));
+    synchronise();
     m_initialised = true;
+}
+
+// The getters go out together and are collected under one deadline; what
+// could not be read is taken from the tuner's own state.
+void TunerPlayer::synchronise()
+{
+    namespace check = radiocheck;
+    bus::ReplyBatch batch(m_radio);
+    const auto bandId = batch.add(m_radio->freqBandId(), "freqBandId");
+    const auto ptyType = batch.add(m_radio->ptyType(), "ptyType");
+    const auto ptyName = batch.add(m_radio->rdsName(), "rdsName");
+    const auto workState = batch.add(m_radio->workStateType(), "workStateType");
+    const QStringList failed = batch.collect();
+    if (!failed.isEmpty())
+        TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", ")) << "; the tuner's own state is shown.";
+
+    Preferences *p = prefs();
+    m_lastFreq = p->playFreq();
+    onFrequencyChanged(m_lastFreq, bandId.ok() ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
+    if (ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))
+        onPtyChanged(ptyType.value(), check::name(ptyName.value(), "rdsName"));
+    onstatusChanged(p->rdsState());
+    onRdsName(p->curRdsName());
+    onWorkStatus(workState.ok() ? check::workStatus(workState.value()) : p->workState());
 }
 
 TunerPlayer::~TunerPlayer()
@@ -700,8 +725,9 @@ void TunerPlayer::manualClicked(bool plus)
     plus ? manualPlus() : manualMinus();
     m_radio->tune(m_value);
     m_tuneRequested = true;
-    // Until the service confirms the frequency.
+    // Until the service confirms the frequency, or the fallback gives up on it.
     manualKey(plus)->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_manualKeyRelease.start(kManualKeyReleaseMs, this);
 }
 
 void TunerPlayer::manualPressed(bool plus)
@@ -972,12 +998,17 @@ void TunerPlayer::onFrequencyChanged(int freq, int band)
     const int id = p->playFreqId();
     if (validPreset(id) && p->favoritAt(id) == f)
         onRdsName(p->rdsName(Band(band), id));
-    if (m_manualStepping) {
-        manualKey(true)->setAttribute(Qt::WA_TransparentForMouseEvents, false);
-        manualKey(false)->setAttribute(Qt::WA_TransparentForMouseEvents, false);
-        m_manualStepping = false;
-    }
+    if (m_manualStepping)
+        releaseManualKeys();
     showRdsUnit();
+}
+
+void TunerPlayer::releaseManualKeys()
+{
+    m_manualKeyRelease.stop();
+    manualKey(true)->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    manualKey(false)->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    m_manualStepping = false;
 }
 
 // The end of a search is shown a moment late, so that the final station report comes first.
@@ -1550,6 +1581,9 @@ void TunerPlayer::timerEvent(QTimerEvent *event)
         if (++m_dotsShown > m_dots.size())
             m_dotsShown = 1;
         ui->Txt_0384_status2->setText(m_dots.right(m_dotsShown));
+    } else if (id == m_manualKeyRelease.timerId()) {
+        TUNER_WAR() << "the manual step was not confirmed within" << kManualKeyReleaseMs << "ms; its key is released.";
+        releaseManualKeys();
     } else if (id == m_bandKeyLock.timerId()) {
         m_bandKeyLock.stop();
         ui->Key_0020_switch_band->setAttribute(Qt::WA_TransparentForMouseEvents, false);

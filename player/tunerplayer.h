@@ -24,6 +24,7 @@ class ScrollManage;
 namespace tuner {
 
 class c35_011_interrupt_on_tuner;
+class RadioEdge;
 
 // The tuner's main screen: frequency display and tuning, the preset pages,
 // automatic store, the RDS name and icons, and the remote and steering keys.
@@ -31,7 +32,9 @@ class TunerPlayer : public QWidget
 {
     Q_OBJECT
 public:
-    explicit TunerPlayer(QWidget *parent = nullptr);
+    // The radio's reports come through `radioEdge` (the main window's); without
+    // one the screen sets up its own around its proxy.
+    explicit TunerPlayer(QWidget *parent = nullptr, RadioEdge *radioEdge = nullptr);
     ~TunerPlayer() override;
 
     // Frequency model.
@@ -70,6 +73,10 @@ public:
     void IrUpSelectFreqId();
     void IrDownSelectFreqId();
     void IrBandChanged();
+
+    // Reads the radio service's station, programme type and work state and
+    // shows them (at construction, and when the service is new on the bus).
+    void synchronise();
 
     int workStatus() const { return m_workStatus; }
     int lastFrequency() const { return m_lastFreq; }
@@ -130,6 +137,7 @@ protected:
 
 private:
     void init_widget();
+    void releaseManualKeys();
     void clearRdsState();
     void beep(int state);
     QWidget *manualKey(bool plus) const;
@@ -194,6 +202,7 @@ private:
     QBasicTimer m_manualMinusTimer;
     QBasicTimer m_statusTimer;
     QBasicTimer m_bandKeyLock;
+    QBasicTimer m_manualKeyRelease;
     QTimer *m_seekSettle = nullptr;
     QString m_dots;
     int m_dotsShown = 0;

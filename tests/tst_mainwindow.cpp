@@ -3,6 +3,7 @@
 // audio focus, window destruction and the radio's reports.
 
 #include "audiomanager.h"
+#include "busreply.h"
 #include "basewindow.h"
 #include "fakeservices.h"
 #include "hostevents.h"
@@ -53,8 +54,8 @@ private slots:
 
     void startupReadsTheRadioInOrder_data();
     void startupReadsTheRadioInOrder();
-    void startupWithoutAServiceUsesDefaults_data();
-    void startupWithoutAServiceUsesDefaults();
+    void startupKeepsTheStoredStateWhenTheRadioFails_data();
+    void startupKeepsTheStoredStateWhenTheRadioFails();
     void sourceKeys_data();
     void sourceKeys();
     void bandKeys_data();
@@ -93,6 +94,7 @@ void tst_MainWindow::initTestCase()
 void tst_MainWindow::init()
 {
     m_state = std::make_unique<TestState>();
+    bus::ReplyBatch::forgetUnresponsiveServices();
     m_fakes->clearCalls();
     m_host.events.clear();
     AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
@@ -157,10 +159,12 @@ void tst_MainWindow::startupReadsTheRadioInOrder()
 
     MainWindow window;
 
+    // Every getter goes out before any command that follows from the answers.
     QStringList expected{"bandSwitch()", "bandId()", "fmList()", "amList()", "fmMaxFreq()", "fmMinFreq()",
                          "fmStep()", "amMaxFreq()", "amMinFreq()", "amStep()", "bandCurFreq()", "bandPos()",
-                         "initLocal()", "initRegional()", "initAfTaList()", "initAfTa()"};
-    expected << afTaCommands << QStringList{"initPsName1()", "initPsName2()", "piTpStatus()", "rdsProgramName()", "RDSstate()"};
+                         "initLocal()", "initRegional()", "initAfTaList()", "initAfTa()", "initPsName1()",
+                         "initPsName2()", "piTpStatus()", "rdsProgramName()", "RDSstate()"};
+    expected << afTaCommands;
     QCOMPARE(radioCalls(), expected);
     QCOMPARE(mcuCalls(), QStringList());
 
@@ -189,37 +193,66 @@ void tst_MainWindow::startupReadsTheRadioInOrder()
     QCOMPARE(p->SouOffTa(), piTp == 3);
 }
 
-void tst_MainWindow::startupWithoutAServiceUsesDefaults_data()
+void tst_MainWindow::startupKeepsTheStoredStateWhenTheRadioFails_data()
 {
     QTest::addColumn<QString>("failure");
-    QTest::newRow("radio service absent") << "absent";
-    QTest::newRow("radio service hung") << "hung";
-    QTest::newRow("radio service answers garbage") << "malformed";
+    QTest::addColumn<bool>("serviceRead");
+    // The slow row runs first: a hung owner is remembered and later batches to it wait less.
+    QTest::newRow("answers each getter 600 ms late: read") << "slow" << true;
+    QTest::newRow("absent: stored state kept") << "absent" << false;
+    QTest::newRow("hung: stored state kept") << "hung" << false;
+    QTest::newRow("answers garbage: stored state kept") << "malformed" << false;
 }
 
-void tst_MainWindow::startupWithoutAServiceUsesDefaults()
+void tst_MainWindow::startupKeepsTheStoredStateWhenTheRadioFails()
 {
     QFETCH(QString, failure);
-    m_fakes->radio()->setAnswer(QStringLiteral("bandId"), 4);
-    m_fakes->radio()->setAnswer(QStringLiteral("initLocal"), 1);
+    QFETCH(bool, serviceRead);
+    const QByteArray stored = "[Freq]\nAM4\\CurrFreq=1089\nAM4\\preset_2=999\n\n"
+                              "[Tune]\nBand_AM=4\nCurrBand=4\nLocal=true\nRegional=false\nAf=false\nta=true\n";
+    QDir().mkpath(QFileInfo(m_state->radioConf()).absolutePath());
+    QFile file(m_state->radioConf());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(stored);
+    file.close();
+
+    NiloRadioServiceBackend *radio = m_fakes->radio();
+    for (const auto &[getter, value] : {std::pair<const char *, QVariant>{"bandId", 1}, {"bandPos", "1;1;1;1;1"},
+                                        {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
+                                        {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
+                                        {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}})
+        radio->setAnswer(QLatin1String(getter), value);
     if (failure == QLatin1String("absent"))
         m_fakes->stop();
-    m_fakes->radio()->setHung(failure == QLatin1String("hung"));
-    m_fakes->radio()->setMalformed(failure == QLatin1String("malformed"));
-    const int kStartupGetters = 21;
-    for (int i = 0; i < kStartupGetters; ++i)
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("call failed, using the default value"));
+    radio->setHung(failure == QLatin1String("hung"));
+    radio->setMalformed(failure == QLatin1String("malformed"));
+    radio->setReplyDelay(failure == QLatin1String("slow") ? 600 : 0);
+    if (!serviceRead)
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("did not answer bandSwitch, bandId, .*RDSstate ; the stored state is kept"));
 
     QElapsedTimer clock;
     clock.start();
     MainWindow window;
     qInfo("start-up with the radio service %s took %lld ms", qPrintable(failure), clock.elapsed());
+    radio->setReplyDelay(0);
 
-    QCOMPARE(int(prefs()->band()), 0);
-    QCOMPARE(prefs()->isLocal(), false);
-    QCOMPARE(prefs()->playFreq(), 8750); // the region's default stays
-    QCOMPARE(prefs()->curRdsName(), QString());
-    QCOMPARE(int(prefs()->taOrAlarm()), 0);
+    Preferences *p = prefs();
+    QCOMPARE(p->ta(), true); // stored, or read as initAfTa 2
+    if (serviceRead) {
+        QCOMPARE(int(p->band()), 1);
+        QCOMPARE(p->playFreq(), 9450);
+        return;
+    }
+    QCOMPARE(int(p->band()), 4);
+    QCOMPARE(p->playFreq(), 1089);
+    QCOMPARE(p->favoritAt(2), 999);
+    QCOMPARE(p->isLocal(), true);
+    QCOMPARE(p->regional(), false);
+    // Nothing derived from a default reached the radio or the file.
+    QCOMPARE(radioCalls().filter(QRegularExpression("^set")), QStringList());
+    p->flush();
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), stored);
 }
 
 void tst_MainWindow::sourceKeys_data()

@@ -20,12 +20,12 @@ constexpr int kPtyNotFound = 4;
 constexpr int kPtyFound = 6;
 } // namespace
 
-MainWidget::MainWidget(QWidget *parent)
+MainWidget::MainWidget(QWidget *parent, RadioEdge *radioEdge)
     : QWidget(parent)
 {
     setObjectName(QStringLiteral("MainWidget"));
     resize(800, 480);
-    m_player = new TunerPlayer(this);
+    m_player = new TunerPlayer(this, radioEdge);
     hideAllPage();
     if (Preferences::getInstance()->PTYSeachState() != kPtySearching) {
         m_player->show();
@@ -275,6 +275,11 @@ void MainWidget::scrollToPage(int band)
 void MainWidget::updatePresetChecked()
 {
     m_player->highPreset();
+}
+
+void MainWidget::synchronise()
+{
+    m_player->synchronise();
 }
 
 bool MainWidget::event(QEvent *event)

@@ -11,6 +11,7 @@ namespace tuner {
 class OptionWidget;
 class PTYSearchWidget;
 class PTYWidget;
+class RadioEdge;
 class TunerPlayer;
 
 // The stack of screens the main window hands to the host: the tuner player,
@@ -19,7 +20,8 @@ class MainWidget : public QWidget
 {
     Q_OBJECT
 public:
-    explicit MainWidget(QWidget *parent = nullptr);
+    // `radioEdge` is the main window's; without one the player listens on its own.
+    explicit MainWidget(QWidget *parent = nullptr, RadioEdge *radioEdge = nullptr);
     ~MainWidget() override;
 
     // Calls from the main window; each is skipped when its screen is missing.
@@ -36,6 +38,8 @@ public:
     void BandChanged();
     void scrollToPage(int band);
     void updatePresetChecked();
+    // The radio service is new on the bus: the player reads it again.
+    void synchronise();
 
     void showPTYSerch();
 

@@ -7,6 +7,8 @@
 #include "mainwidget.h"
 #include "mcumanager.h"
 #include "preferences.h"
+#include "radiochecks.h"
+#include "radioedge.h"
 #include "settingsutil.h"
 #include "tunerfunction.h"
 #include "tunerlog.h"
@@ -55,22 +57,25 @@ bool isPresetUpKey(int key)
 MainWindow::MainWindow(QObject *parent)
     : cm::BaseWindow(parent)
     , m_radio(bus::createRadioProxy(this))
+    , m_radioEdge(new RadioEdge(m_radio, this))
     , m_mcu(bus::createMcuProxy(this))
     , m_source(bus::createSourceProxy(this))
 {
-    connect(m_radio, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
+    // The radio's signals arrive through the edge that checks them.
+    connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
             this, SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
-    connect(m_radio, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
-    connect(m_radio, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
-    connect(m_radio, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
-    connect(m_radio, SIGNAL(stationChanged(int,int)), this, SLOT(onStaionChanged(int,int)));
-    connect(m_radio, SIGNAL(autoScanCompleted(QString)), this, SLOT(onAutoScanCompleted(QString)));
-    connect(m_radio, SIGNAL(statusChanged(int)), this, SLOT(onstatusChanged(int)));
-    connect(m_radio, SIGNAL(tp_pi_status(int)), this, SLOT(onPiTpStatus(int)));
-    connect(m_radio, SIGNAL(seekState(int)), this, SLOT(onPTYSeekState(int)));
-    connect(m_radio, SIGNAL(work_status(int)), this, SLOT(onWorkStatus(int)));
-    connect(m_radio, SIGNAL(ProgramName(QString)), this, SLOT(onRdsName(QString)));
+    connect(m_radioEdge, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
+    connect(m_radioEdge, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
+    connect(m_radioEdge, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
+    connect(m_radioEdge, SIGNAL(stationChanged(int,int)), this, SLOT(onStaionChanged(int,int)));
+    connect(m_radioEdge, SIGNAL(autoScanCompleted(QString)), this, SLOT(onAutoScanCompleted(QString)));
+    connect(m_radioEdge, SIGNAL(statusChanged(int)), this, SLOT(onstatusChanged(int)));
+    connect(m_radioEdge, SIGNAL(tp_pi_status(int)), this, SLOT(onPiTpStatus(int)));
+    connect(m_radioEdge, SIGNAL(seekState(int)), this, SLOT(onPTYSeekState(int)));
+    connect(m_radioEdge, SIGNAL(work_status(int)), this, SLOT(onWorkStatus(int)));
+    connect(m_radioEdge, SIGNAL(ProgramName(QString)), this, SLOT(onRdsName(QString)));
     connect(m_source, SIGNAL(windowAndSourceChanged(int,int)), this, SLOT(onSourceChange(int,int)));
+    connect(m_radioEdge, SIGNAL(serviceAppeared()), this, SLOT(onRadioServiceAppeared()));
 
     loadInitialState();
 }
@@ -82,34 +87,75 @@ MainWindow::~MainWindow()
         delete m_mainWidget;
 }
 
-// One blocking call per value, in this order; the results go through the
-// same slots as the service's signals.
+// The getters go out together, in this order, and are collected under one
+// deadline; their results go through the same slots as the service's signals.
+// A group whose read failed is not fed: what radio.conf holds stays, and no
+// command is derived from a default.
 void MainWindow::loadInitialState()
 {
-    const int bandSwitch = bus::replyValue(m_radio->bandSwitch(), "bandSwitch");
-    const int bandId = bus::replyValue(m_radio->bandId(), "bandId");
-    const QString fmList = bus::replyValue(m_radio->fmList(), "fmList");
-    const QString amList = bus::replyValue(m_radio->amList(), "amList");
-    const int fmMax = bus::replyValue(m_radio->fmMaxFreq(), "fmMaxFreq");
-    const int fmMin = bus::replyValue(m_radio->fmMinFreq(), "fmMinFreq");
-    const int fmStep = bus::replyValue(m_radio->fmStep(), "fmStep");
-    const int amMax = bus::replyValue(m_radio->amMaxFreq(), "amMaxFreq");
-    const int amMin = bus::replyValue(m_radio->amMinFreq(), "amMinFreq");
-    const int amStep = bus::replyValue(m_radio->amStep(), "amStep");
-    const QString bandCurFreq = bus::replyValue(m_radio->bandCurFreq(), "bandCurFreq");
-    const QString bandPos = bus::replyValue(m_radio->bandPos(), "bandPos");
-    const int local = bus::replyValue(m_radio->initLocal(), "initLocal");
-    const int regional = bus::replyValue(m_radio->initRegional(), "initRegional");
-    onInitDate(bandSwitch, bandId, fmList, amList, 0, 0, 0, 0, 0, fmMax, fmMin, fmStep, amMax, amMin, amStep,
-               bandCurFreq, bandPos, local, regional);
+    namespace check = radiocheck;
+    bus::ReplyBatch batch(m_radio);
+    const auto bandSwitch = batch.add(m_radio->bandSwitch(), "bandSwitch");
+    const auto bandId = batch.add(m_radio->bandId(), "bandId");
+    const auto fmList = batch.add(m_radio->fmList(), "fmList");
+    const auto amList = batch.add(m_radio->amList(), "amList");
+    const auto fmMax = batch.add(m_radio->fmMaxFreq(), "fmMaxFreq");
+    const auto fmMin = batch.add(m_radio->fmMinFreq(), "fmMinFreq");
+    const auto fmStep = batch.add(m_radio->fmStep(), "fmStep");
+    const auto amMax = batch.add(m_radio->amMaxFreq(), "amMaxFreq");
+    const auto amMin = batch.add(m_radio->amMinFreq(), "amMinFreq");
+    const auto amStep = batch.add(m_radio->amStep(), "amStep");
+    const auto bandCurFreq = batch.add(m_radio->bandCurFreq(), "bandCurFreq");
+    const auto bandPos = batch.add(m_radio->bandPos(), "bandPos");
+    const auto local = batch.add(m_radio->initLocal(), "initLocal");
+    const auto regional = batch.add(m_radio->initRegional(), "initRegional");
+    const auto aftaList = batch.add(m_radio->initAfTaList(), "initAfTaList");
+    const auto afta = batch.add(m_radio->initAfTa(), "initAfTa");
+    const auto psName1 = batch.add(m_radio->initPsName1(), "initPsName1");
+    const auto psName2 = batch.add(m_radio->initPsName2(), "initPsName2");
+    const auto piTp = batch.add(m_radio->piTpStatus(), "piTpStatus");
+    const auto programName = batch.add(m_radio->rdsProgramName(), "rdsProgramName");
+    const auto rdsState = batch.add(m_radio->RDSstate(), "RDSstate");
+    const QStringList failed = batch.collect();
+    if (!failed.isEmpty())
+        TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", "))
+                    << "; the stored state is kept for those.";
 
-    const QString aftaList = bus::replyValue(m_radio->initAfTaList(), "initAfTaList");
-    onAftaState(aftaList, bus::replyValue(m_radio->initAfTa(), "initAfTa"));
-    onPsName1(bus::replyValue(m_radio->initPsName1(), "initPsName1"));
-    onPsName2(bus::replyValue(m_radio->initPsName2(), "initPsName2"));
-    onPiTpStatus(bus::replyValue(m_radio->piTpStatus(), "piTpStatus"));
-    onRdsName(bus::replyValue(m_radio->rdsProgramName(), "rdsProgramName"));
-    onstatusChanged(bus::replyValue(m_radio->RDSstate(), "RDSstate"));
+    const bool tuningRead = bandSwitch.ok() && bandId.ok() && fmList.ok() && amList.ok() && fmMax.ok()
+                            && fmMin.ok() && fmStep.ok() && amMax.ok() && amMin.ok() && amStep.ok()
+                            && bandCurFreq.ok() && bandPos.ok() && local.ok() && regional.ok();
+    if (tuningRead) {
+        check::InitData d{bandSwitch.value(), bandId.value(), fmList.value(), amList.value(), fmMax.value(),
+                   fmMin.value(), fmStep.value(), amMax.value(), amMin.value(), amStep.value(),
+                   bandCurFreq.value(), bandPos.value(), local.value(), regional.value()};
+        check::initData(d);
+        onInitDate(d.bandSwitch, d.bandId, d.fmList, d.amList, 0, 0, 0, 0, 0, d.fmMax, d.fmMin, d.fmStep, d.amMax,
+                   d.amMin, d.amStep, d.bandCurFreq, d.bandPos, d.local, d.regional);
+    } else {
+        prefs()->restoreStoredTuning();
+    }
+    if (aftaList.ok() && afta.ok())
+        onAftaState(check::list(aftaList.value(), check::kMaxFmPresets, "initAfTaList"), afta.value());
+    else
+        prefs()->restoreStoredAfTa();
+    if (psName1.ok())
+        onPsName1(check::nameList(psName1.value(), check::kMaxPsName1Items, "initPsName1"));
+    if (psName2.ok())
+        onPsName2(check::nameList(psName2.value(), check::kMaxPsName2Items, "initPsName2"));
+    if (piTp.ok())
+        onPiTpStatus(piTp.value());
+    if (programName.ok())
+        onRdsName(check::name(programName.value(), "rdsProgramName"));
+    if (rdsState.ok())
+        onstatusChanged(check::rdsStatus(rdsState.value()));
+}
+
+// A service that appeared after the tuner, or restarted, is read as at start-up.
+void MainWindow::onRadioServiceAppeared()
+{
+    loadInitialState();
+    if (m_mainWidget)
+        m_mainWidget->synchronise();
 }
 
 void MainWindow::timerEvent(QTimerEvent *event)
@@ -137,7 +183,7 @@ void MainWindow::onCreate()
         m_mainWidget->resume();
         return;
     }
-    m_mainWidget = new MainWidget;
+    m_mainWidget = new MainWidget(nullptr, m_radioEdge);
     setMainWidget(m_mainWidget);
     connect(m_mainWidget, SIGNAL(alarmCancel()), this, SLOT(onTaskEvtAlarmCancel()));
     connect(m_mainWidget, SIGNAL(cancelTaAlarm()), this, SLOT(onCancelTaAlarm()));

@@ -13,6 +13,7 @@ class NiloSourceServiceInterface;
 namespace tuner {
 
 class MainWidget;
+class RadioEdge;
 
 // The one object behind the tuner's window and both sources: owns the bus
 // proxies, keeps the preferences in step with the radio service, drives the
@@ -68,6 +69,9 @@ public slots:
     void onSourceChange(int winId, int src);
     void onStaionChanged(int freq, int band);
 
+private slots:
+    void onRadioServiceAppeared();
+
 private:
     void loadInitialState();
     void cancelInterrupt();
@@ -78,6 +82,7 @@ private:
 
     MainWidget *m_mainWidget = nullptr;
     NiloRadioServiceInterface *m_radio;
+    RadioEdge *m_radioEdge;
     NiloMcuServiceInterface *m_mcu;
     NiloSourceServiceInterface *m_source;
     bool m_active = false;

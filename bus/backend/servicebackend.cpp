@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QMutexLocker>
+#include <QTimer>
 
 ServiceBackend::ServiceBackend(QObject *parent)
     : QObject(parent)
@@ -63,6 +64,29 @@ void ServiceBackend::setMalformed(bool malformed)
 {
     QMutexLocker lock(&m_mutex);
     m_malformed = malformed;
+}
+
+void ServiceBackend::setReplyDelay(int ms)
+{
+    QMutexLocker lock(&m_mutex);
+    m_replyDelayMs = ms;
+}
+
+void ServiceBackend::replyLater(const QVariant &value)
+{
+    int delay = 0;
+    {
+        QMutexLocker lock(&m_mutex);
+        if (m_hung || m_malformed)
+            return;
+        delay = m_replyDelayMs;
+    }
+    if (delay <= 0 || !calledFromDBus())
+        return;
+    setDelayedReply(true);
+    const QDBusMessage reply = message().createReply(value);
+    QDBusConnection bus = connection();
+    QTimer::singleShot(delay, this, [bus, reply]() mutable { bus.send(reply); });
 }
 
 void ServiceBackend::record(const char *member, const QVariantList &args)

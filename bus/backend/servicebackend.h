@@ -35,6 +35,8 @@ public:
     void setHung(bool hung);
     // Every reply carries a double, a type no method of the XML returns.
     void setMalformed(bool malformed);
+    // Getters answer correctly, but only after `ms` (a loaded boot).
+    void setReplyDelay(int ms);
 
 signals:
     void called(const QString &member, const QVariantList &args);
@@ -46,15 +48,20 @@ protected:
     T answer(const char *member, const QVariantList &args)
     {
         record(member, args);
-        return answerFor(member).template value<T>();
+        const T value = answerFor(member).template value<T>();
+        replyLater(QVariant::fromValue(value));
+        return value;
     }
 
 private:
     QVariant answerFor(const char *member) const;
+    // With a reply delay set, sends `value` as the reply that much later.
+    void replyLater(const QVariant &value);
 
     mutable QMutex m_mutex;
     QList<Call> m_calls;
     QHash<QString, QVariant> m_answers;
     bool m_hung = false;
     bool m_malformed = false;
+    int m_replyDelayMs = 0;
 };

@@ -9,7 +9,8 @@
 #include <QMetaObject>
 
 FakeServices::FakeServices()
-    : m_connection(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("fake-services")))
+    : m_connectionName(QStringLiteral("fake-services"))
+    , m_connection(QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_connectionName))
     , m_radio(new NiloRadioServiceBackend)
     , m_mcu(new NiloMcuServiceBackend)
     , m_source(new NiloSourceServiceBackend)
@@ -34,7 +35,17 @@ FakeServices::~FakeServices()
     });
     m_thread.quit();
     m_thread.wait();
-    QDBusConnection::disconnectFromBus(QStringLiteral("fake-services"));
+    QDBusConnection::disconnectFromBus(m_connectionName);
+}
+
+bool FakeServices::restart()
+{
+    static int generation = 0;
+    stop();
+    QDBusConnection::disconnectFromBus(m_connectionName);
+    m_connectionName = QStringLiteral("fake-services-%1").arg(++generation);
+    m_connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_connectionName);
+    return start();
 }
 
 bool FakeServices::start()

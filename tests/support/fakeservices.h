@@ -20,6 +20,8 @@ public:
     bool start();
     // Gives the names up again (the services vanish from the bus).
     void stop();
+    // Comes back as a new process would: a new connection, so a new unique name.
+    bool restart();
 
     NiloRadioServiceBackend *radio() const { return m_radio; }
     NiloMcuServiceBackend *mcu() const { return m_mcu; }
@@ -37,6 +39,7 @@ public:
 
 private:
     QThread m_thread;
+    QString m_connectionName;
     QDBusConnection m_connection;
     NiloRadioServiceBackend *m_radio;
     NiloMcuServiceBackend *m_mcu;

@@ -33,6 +33,6 @@ extern int g_TunerCurDSPL;
 
 // Rewrites the radio configuration below NILO_DIR (or beside the program)
 // with the named region's variant `step` (0 or 1).
-void setTunerStep(int step);
+Q_DECL_EXPORT void setTunerStep(int step);
 
 } // namespace tuner

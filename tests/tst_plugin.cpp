@@ -63,6 +63,8 @@ void tst_Plugin::metadataNamesThePlugin()
     QCOMPARE(meta.value("debug").toBool(), false);
     // The instance is made once and handed out again.
     QCOMPARE(m_loader.instance(), m_loader.instance());
+    // The tuner-step switch is part of the library's interface.
+    QVERIFY(QLibrary(QStringLiteral(TUNER_PLUGIN_FILE)).resolve("_ZN5tuner12setTunerStepEi"));
 }
 
 // The host's obligation is create() first; a host that forgets gets warnings, not a crash.

@@ -55,7 +55,6 @@ void MainWidget::hideAllPage()
         if (sender() == m_searchPopup) {
             // Its Close press is still being delivered: deleting it now would
             // pull the button from under that delivery.
-            TUNER_WAR() << "search popup closes itself, deleted once its event is done.";
             m_searchPopup->hide();
             m_searchPopup->deleteLater();
         } else {

@@ -81,6 +81,11 @@ Preferences::Preferences()
 
 Preferences::~Preferences() = default;
 
+int Preferences::rewrites() const
+{
+    return m_radioConf->rewrites() + m_settings->rewrites();
+}
+
 void Preferences::flush()
 {
     m_radioConf->flush();

@@ -74,6 +74,8 @@ public:
     void restoreStoredAfTa();
     // Writes pending changes of both files now.
     void flush();
+    // Synced rewrites of both files so far.
+    int rewrites() const;
 
     // Initial state from the radio service.
     void init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min,

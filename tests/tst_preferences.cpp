@@ -14,6 +14,8 @@
 
 #include <functional>
 
+#include <sys/stat.h>
+
 using namespace tuner;
 
 using Action = std::function<void(Preferences *)>;
@@ -55,7 +57,11 @@ private slots:
     void delControlCharBlanksNonAscii();
     void toggles();
     void unwritableFolderKeepsTheModel();
-    void corruptFileStillTakesTheWrite();
+    void oddFilesAreLeftAloneOrMovedAside_data();
+    void oddFilesAreLeftAloneOrMovedAside();
+    void writesOnlyChangesAndABurstAtOnce();
+    void namesAreStoredAsQSettingsReadsThem_data();
+    void namesAreStoredAsQSettingsReadsThem();
 };
 
 void tst_Preferences::persistingSetterWritesAtOnce_data()
@@ -482,19 +488,96 @@ void tst_Preferences::unwritableFolderKeepsTheModel()
     QCOMPARE(prefs()->favoritAt(1), 9000);
 }
 
-void tst_Preferences::corruptFileStillTakesTheWrite()
+void tst_Preferences::oddFilesAreLeftAloneOrMovedAside_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("warning");
+    QTest::addColumn<bool>("taken");   // the file ends up holding the new write
+    QTest::addColumn<bool>("asideKept"); // radio.conf.corrupt holds the old content
+    QTest::newRow("FIFO: never opened") << "fifo" << "is not a regular file" << false << false;
+    QTest::newRow("folder in its place") << "folder" << "is not a regular file" << false << false;
+    QTest::newRow("2 MB: left alone") << "huge" << "is too large" << false << false;
+    QTest::newRow("binary garbage: moved aside") << "garbage" << "not a valid INI file; moved aside" << true << true;
+    QTest::newRow("lines without keys: moved aside") << "text" << "not a valid INI file; moved aside" << true << true;
+}
+
+void tst_Preferences::oddFilesAreLeftAloneOrMovedAside()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, warning);
+    QFETCH(bool, taken);
+    QFETCH(bool, asideKept);
+    TestState state;
+    const QString path = state.radioConf();
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QByteArray old;
+    if (kind == QLatin1String("fifo")) {
+        QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    } else if (kind == QLatin1String("folder")) {
+        QVERIFY(QDir().mkpath(path));
+    } else {
+        old = kind == QLatin1String("huge")     ? QByteArray(2 * 1024 * 1024, 'x')
+              : kind == QLatin1String("garbage") ? QByteArray("[Freq\n\x01\x02\xff=\n[[[\n=5\n")
+                                                 : QByteArray("[Tune]\nthis is no key\n");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(old);
+    }
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+    prefs()->setFavoriteFreq(3, 9900);
+    prefs()->flush();
+    QCOMPARE(prefs()->favoritAt(3), 9900); // the model takes it either way
+    const QFileInfo info(path);
+    if (taken)
+        QCOMPARE(state.radioConfValue("Freq/FM0/preset_3").toInt(), 9900);
+    else if (kind == QLatin1String("fifo"))
+        QVERIFY(!info.isFile() && info.exists());
+    else if (kind == QLatin1String("folder"))
+        QVERIFY(info.isDir());
+    else
+        QCOMPARE(info.size(), old.size());
+    QFile aside(path + QLatin1String(".corrupt"));
+    QCOMPARE(aside.exists(), asideKept);
+    if (asideKept) {
+        QVERIFY(aside.open(QIODevice::ReadOnly));
+        QCOMPARE(aside.readAll(), old);
+    }
+}
+
+void tst_Preferences::writesOnlyChangesAndABurstAtOnce()
 {
     TestState state;
-    QDir().mkpath(QFileInfo(state.radioConf()).absolutePath());
-    QFile file(state.radioConf());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[Freq\n\x01\x02\xff=\n[[[\n=5\n");
-    file.close();
+    prefs()->init(10800, 8750, 5, 1602, 531, 9, "8800;9450;10020;999;1089", "1;0;0;0;0", "9000", "999");
+    prefs()->setTa(true);
+    QCOMPARE(prefs()->rewrites(), 0); // nothing on disk yet: the burst is still open
+    QTRY_COMPARE(prefs()->rewrites(), 1);
+    QCOMPARE(state.radioConfValue("Tune/ta").toBool(), true);
 
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is not a valid INI file"));
-    prefs()->setFavoriteFreq(3, 9900);
-    QCOMPARE(prefs()->favoritAt(3), 9900);
-    QCOMPARE(state.radioConfValue("Freq/FM0/preset_3").toInt(), 9900);
+    // The same values again, as after a restart of the service: nothing to write.
+    prefs()->init(10800, 8750, 5, 1602, 531, 9, "8800;9450;10020;999;1089", "1;0;0;0;0", "9000", "999");
+    prefs()->setTa(true);
+    prefs()->setCurrPlayFreq(8800);
+    prefs()->flush();
+    QCOMPARE(prefs()->rewrites(), 1);
+}
+
+void tst_Preferences::namesAreStoredAsQSettingsReadsThem_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("separators") << "a,b;c=d";
+    QTest::newRow("quotes and backslash") << "\"x\" \\y";
+    QTest::newRow("blanks at the ends") << " NDR 2 ";
+    QTest::newRow("leading @") << "@home";
+    QTest::newRow("umlaut and digits after it") << QString::fromUtf8("Ö3 Bayern 1");
+    QTest::newRow("empty") << "";
+}
+
+void tst_Preferences::namesAreStoredAsQSettingsReadsThem()
+{
+    QFETCH(QString, name);
+    TestState state;
+    prefs()->saveRdsName(BAND_FM1, 0, name);
+    QCOMPARE(state.settingsValue("Tuner/rdsName").toString(), name);
 }
 
 QTEST_GUILESS_MAIN(tst_Preferences)

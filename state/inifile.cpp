@@ -141,7 +141,9 @@ bool IniFile::parse(const QByteArray &content)
 
 const QByteArray *IniFile::rawValue(const QString &key) const
 {
-    const auto [sectionName, entryKey] = splitKey(key);
+    const QPair<QByteArray, QByteArray> split = splitKey(key);
+    const QByteArray &sectionName = split.first;
+    const QByteArray &entryKey = split.second;
     for (const Section &section : m_sections) {
         if (section.name != sectionName)
             continue;
@@ -156,7 +158,9 @@ const QByteArray *IniFile::rawValue(const QString &key) const
 
 void IniFile::setRaw(const QString &key, const QByteArray &value)
 {
-    const auto [sectionName, entryKey] = splitKey(key);
+    const QPair<QByteArray, QByteArray> split = splitKey(key);
+    const QByteArray &sectionName = split.first;
+    const QByteArray &entryKey = split.second;
     auto section = std::find_if(m_sections.begin(), m_sections.end(),
                                 [&](const Section &s) { return s.name == sectionName; });
     if (section == m_sections.end()) {

@@ -35,7 +35,8 @@ QTextStream &out()
     return stream;
 }
 
-// Stamps the first paint of a label that shows a text other than `before`.
+// Stamps the moment a label that shows a text other than `before` has been
+// painted: the user sees the new text from then on.
 class RepaintStamp : public QObject
 {
 public:
@@ -57,9 +58,12 @@ public:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::Paint && !m_paintedAt && m_label->text() != m_before)
-            m_paintedAt = benchClockNs();
-        return QObject::eventFilter(watched, event);
+        if (event->type() != QEvent::Paint || m_paintedAt || m_label->text() == m_before)
+            return QObject::eventFilter(watched, event);
+        // Delivered here, so that the stamp follows the painting.
+        watched->event(event);
+        m_paintedAt = benchClockNs();
+        return true;
     }
 
 private:
@@ -190,9 +194,11 @@ int stationReport(bool bare, int iterations)
             return 1;
         QWidget window;
         window.setFixedSize(800, 480);
+        // The tuner's frequency label: its place, font and alignment.
         auto *label = new QLabel(QStringLiteral("87.50"), &window);
-        label->setFont(cm::digitFont(72));
-        label->setGeometry(250, 150, 300, 100);
+        label->setFont(cm::digitFont(86));
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        label->setGeometry(207, 114, 222, 197);
         BareReceiver receiver(label);
         using namespace tuner::bus;
         QDBusConnection::sessionBus().connect(QLatin1String(kSystemService), QLatin1String(kRadioPath),
@@ -230,8 +236,10 @@ int marquee(int seconds)
     spin(300);
     const double idle = cpuShareOver(seconds * 1000);
     auto *label = rig.find<ScrollLabel>("Txt_0037_rds_name");
-    const QString name = QStringLiteral("Radio Nilo Verkehrsfunk und Nachrichten aus der Region, rund um die Uhr");
-    rig.services().inServiceThread([&] { emit rig.services().radio()->ProgramName(name); });
+    // Longer than the radio service may send, so it reaches the screen directly.
+    const QString name = QStringLiteral("Radio Nilo Verkehrsfunk und Nachrichten aus der Region rund um die Uhr");
+    Q_ASSERT(name.size() == 70);
+    rig.window()->screenStack()->RDSName(name);
     if (!QTest::qWaitFor([label] { return label->isRunning(); }, 2000))
         return 1;
     const double running = cpuShareOver(seconds * 1000);

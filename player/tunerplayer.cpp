@@ -181,6 +181,9 @@ void TunerPlayer::init_widget()
         area->widget()->setAutoFillBackground(false);
     }
     connect(ui->Txt_0037_rds_name, SIGNAL(clicked()), ui->Txt_0037_rds_name, SLOT(slotClicked()));
+    // The screen covers the whole window: filling its own background spares
+    // the windows beneath it a paint on every change of a label.
+    setAutoFillBackground(true);
 }
 
 // --- the active display line -------------------------------------------------------
@@ -318,6 +321,17 @@ void TunerPlayer::manualMinus()
     setValue(next);
 }
 
+// Every station report passes here: setting the image the indicator already
+// shows would still repaint it and all beneath, and loading it by name costs a
+// file-time lookup each time.
+void TunerPlayer::showPageImage(int band)
+{
+    if (band == m_pageImageBand)
+        return;
+    m_pageImageBand = band;
+    ui->Icn_0067_page->setPixmap(QPixmap(QLatin1String(kPageImages[band])));
+}
+
 void TunerPlayer::updateBandInfo()
 {
     Preferences *p = prefs();
@@ -343,7 +357,7 @@ void TunerPlayer::updateBandInfo()
     setValue(p->playFreq());
     const int band = p->band();
     if (band >= 0 && band < 5)
-        ui->Icn_0067_page->setPixmap(QPixmap(QLatin1String(kPageImages[band])));
+        showPageImage(band);
 }
 
 void TunerPlayer::updateLabelFreq()
@@ -590,7 +604,7 @@ void TunerPlayer::onUpdateNavigationIcon_FM(int page)
     m_radio->setband(page);
     p->setBand_FM(Band(page));
     p->setBand(Band(page));
-    ui->Icn_0067_page->setPixmap(QPixmap(QLatin1String(kPageImages[page])));
+    showPageImage(page);
     lightButton(page, p->playFreqId());
     setRange(p->lowFreq(), p->highFreq());
     setStep(p->stepFreq());
@@ -613,7 +627,7 @@ void TunerPlayer::onUpdateNavigationIcon_AM(int page)
         return;
     }
     Preferences *p = prefs();
-    ui->Icn_0067_page->setPixmap(QPixmap(QLatin1String(kPageImages[band])));
+    showPageImage(band);
     p->setBand_AM(Band(band));
     p->setBand(Band(band));
     m_radio->setband(band);

@@ -158,6 +158,7 @@ private:
     void storePresetFromKey(int id);
     void irSeek(bool up);
     void raiseInterrupt(int state, int type);
+    void showPageImage(int band);
 
     // Widgets of the active display-line page (null for an unknown mode).
     QLabel *freqLabel() const;
@@ -179,6 +180,7 @@ private:
     int m_maximum = 0;
     int m_lastFreq = 0;
     int m_workStatus = 0;
+    int m_pageImageBand = -1; // the form starts with no band's indicator set by us
     bool m_tuneRequested = false;
     bool m_seeking = false;
     bool m_manualStepping = false;

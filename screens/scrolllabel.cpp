@@ -67,17 +67,11 @@ void ScrollLabel::refreshLabel()
 
 void ScrollLabel::paintEvent(QPaintEvent *)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Qt::black, 1, Qt::SolidLine));
-    painter.setBrush(QBrush(Qt::white, Qt::SolidPattern));
-
-    QPainterPath path;
-    const int baseline = m_yOffset + m_pointSize;
-    path.addText(m_x, baseline, font(), text());
+    // Where the copies go is decided before a completed pass changes the state.
+    const int x = m_x;
+    const int wrap = m_wrap;
     // The head of the text comes round again half a widget behind its tail.
-    if (m_x < 0 && m_timer.isActive())
-        path.addText(m_wrap, baseline, font(), text());
+    const bool trailingCopy = m_x < 0 && m_timer.isActive();
 
     if (m_hold == 0) {
         if (m_x >= 0 && m_x <= m_step && m_timer.isActive()) {
@@ -88,7 +82,48 @@ void ScrollLabel::paintEvent(QPaintEvent *)
         if (m_x <= -m_textWidth)
             m_x = m_wrap;
     }
+
+    const QPixmap &image = textImage();
+    if (image.isNull())
+        return;
+    QPainter painter(this);
+    painter.drawPixmap(m_textImageOrigin + QPoint(x, 0), image);
+    if (trailingCopy)
+        painter.drawPixmap(m_textImageOrigin + QPoint(wrap, 0), image);
+}
+
+// The outlined text is rendered once per text and font, at x = 0; a tick only
+// draws that image at another offset, which gives the same pixels as filling
+// the glyph path there.
+const QPixmap &ScrollLabel::textImage()
+{
+    const int baseline = m_yOffset + m_pointSize;
+    const qreal ratio = devicePixelRatioF();
+    if (m_imageText == text() && m_imageFont == font() && m_imageBaseline == baseline && m_imageRatio == ratio)
+        return m_textImage;
+    m_imageText = text();
+    m_imageFont = font();
+    m_imageBaseline = baseline;
+    m_imageRatio = ratio;
+    m_textImage = QPixmap();
+    if (m_imageText.isEmpty())
+        return m_textImage;
+
+    QPainterPath path;
+    path.addText(0, baseline, m_imageFont, m_imageText);
+    // The outline is a 1-pixel pen centred on the path, plus antialiasing.
+    const QRect box = path.boundingRect().adjusted(-2, -2, 2, 2).toAlignedRect();
+    m_textImageOrigin = box.topLeft();
+    m_textImage = QPixmap(box.size() * ratio);
+    m_textImage.setDevicePixelRatio(ratio);
+    m_textImage.fill(Qt::transparent);
+    QPainter painter(&m_textImage);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Qt::black, 1, Qt::SolidLine));
+    painter.setBrush(QBrush(Qt::white, Qt::SolidPattern));
+    painter.translate(-m_textImageOrigin);
     painter.drawPath(path);
+    return m_textImage;
 }
 
 void ScrollLabel::resizeEvent(QResizeEvent *event)

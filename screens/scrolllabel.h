@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPixmap>
 #include <QTimer>
 
 // A label that runs its text across itself as a marquee, one full pass at a
@@ -36,6 +37,8 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    const QPixmap &textImage();
+
     int m_x = 0;
     int m_yOffset = 0;
     int m_step = 2;
@@ -45,4 +48,12 @@ private:
     int m_wrap = 0;
     QTimer m_timer;
     bool m_running = false;
+
+    // The outlined text as last rendered, and what it was rendered from.
+    QPixmap m_textImage;
+    QPoint m_textImageOrigin;
+    QString m_imageText;
+    QFont m_imageFont;
+    int m_imageBaseline = -1;
+    qreal m_imageRatio = 0;
 };

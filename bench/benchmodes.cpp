@@ -19,6 +19,7 @@
 #include <QTextStream>
 #include <QtTest/QTest>
 
+#include <malloc.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
@@ -270,6 +271,7 @@ int screenChanges(const QList<int> &checkpoints)
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
         out() << "rss_kib_" << checkpoint << "=" << residentKiB() << "\n";
+        out() << "heap_kib_" << checkpoint << "=" << mallinfo2().uordblks / 1024 << "\n";
     }
     return 0;
 }

@@ -19,6 +19,8 @@
 #include "translator.h"
 
 #include <QDirIterator>
+#include <QIcon>
+#include <QWindow>
 #include <QPixmap>
 #include <QSet>
 #include <QListView>
@@ -73,6 +75,8 @@ private slots:
     void scrollManageAnimatedScrollReportsStates();
     void scrollManageDragSnapsToAPage();
     void listviewScrollerTapSelectsAndReports();
+    void themeIconsPickTheirStateAndShareImages_data();
+    void themeIconsPickTheirStateAndShareImages();
     void colorControlFollowsTheButton_data();
     void colorControlFollowsTheButton();
     void everyImagePathInFormsAndSourcesLoads();
@@ -257,6 +261,61 @@ void tst_HostFramework::listviewScrollerTapSelectsAndReports()
     QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, view.visualRect(model.index(5, 0)).center());
     QCOMPARE(clicked.count(), 1);
     QCOMPARE(scroller.itemHeight(), 60);
+
+    // A drag, through the window as a finger's, moves the list and is no tap either.
+    QWindow *window = view.windowHandle();
+    const auto at = [&](int y) { return view.viewport()->mapTo(&view, QPoint(200, y)); };
+    QTest::mousePress(window, Qt::LeftButton, {}, at(250));
+    for (int y = 230; y >= 50; y -= 20)
+        QTest::mouseMove(window, at(y));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, at(50));
+    QTRY_VERIFY(view.verticalScrollBar()->value() > 0);
+    QCOMPARE(clicked.count(), 1);
+}
+
+// The preset keys' icon as the form builds it: normal, checked and pressed
+// images. A state without its own image falls back as Qt's own icons do.
+void tst_HostFramework::themeIconsPickTheirStateAndShareImages_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("normal") << int(QIcon::Normal) << int(QIcon::Off) << "_n";
+    QTest::newRow("checked") << int(QIcon::Normal) << int(QIcon::On) << "_s";
+    QTest::newRow("pressed") << int(QIcon::Selected) << int(QIcon::Off) << "_p";
+    QTest::newRow("active: the normal image") << int(QIcon::Active) << int(QIcon::Off) << "_n";
+    QTest::newRow("disabled: drawn from the normal image") << int(QIcon::Disabled) << int(QIcon::Off) << "generated";
+}
+
+void tst_HostFramework::themeIconsPickTheirStateAndShareImages()
+{
+    QFETCH(int, mode);
+    QFETCH(int, state);
+    QFETCH(QString, shown);
+    const auto file = [](const char *suffix) { return QStringLiteral(":/Resource/tuner/Key_C046_p1%1.png").arg(QLatin1String(suffix)); };
+    const auto presetIcon = [&] {
+        QIcon icon;
+        icon.addFile(file("_n"), QSize(), QIcon::Normal, QIcon::Off);
+        icon.addFile(file("_s"), QSize(), QIcon::Normal, QIcon::On);
+        icon.addFile(file("_p"), QSize(), QIcon::Selected, QIcon::Off);
+        return icon;
+    };
+    const QIcon first = presetIcon();
+    const QIcon second = presetIcon();
+    QVERIFY(!first.isNull());
+    QCOMPARE(first.actualSize(QSize(53, 60)), QSize(53, 60));
+
+    const QPixmap drawn = first.pixmap(QSize(53, 60), QIcon::Mode(mode), QIcon::State(state));
+    QCOMPARE(drawn.size(), QSize(53, 60));
+    if (shown == QLatin1String("generated")) {
+        QVERIFY(drawn.cacheKey() != QPixmap(file("_n")).cacheKey());
+    } else {
+        // The file's one shared copy: another icon of it decodes nothing again.
+        QCOMPARE(drawn.cacheKey(), QPixmap(file(qPrintable(shown))).cacheKey());
+        QCOMPARE(second.pixmap(QSize(53, 60), QIcon::Mode(mode), QIcon::State(state)).cacheKey(), drawn.cacheKey());
+    }
+    // Smaller requests are scaled down, keeping the aspect ratio.
+    QCOMPARE(first.pixmap(QSize(53, 30), QIcon::Mode(mode), QIcon::State(state)).size(), QSize(26, 30));
 }
 
 void tst_HostFramework::colorControlFollowsTheButton_data()

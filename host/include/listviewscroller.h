@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QModelIndex>
 #include <QObject>
 #include <QPointer>
@@ -41,6 +42,7 @@ private:
     QPersistentModelIndex m_pressIndex;
     bool m_dragged = false;
     int m_itemHeight = 0;
+    QElapsedTimer m_clock;
 };
 
 } // namespace cm

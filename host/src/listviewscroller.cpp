@@ -15,8 +15,13 @@ ListviewScroller::ListviewScroller(QListView *view, QObject *parent)
         return;
     m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     QWidget *viewport = m_view->viewport();
-    QScroller::grabGesture(viewport, QScroller::LeftMouseButtonGesture);
+    // Fed from the viewport's mouse events below rather than grabGesture():
+    // Qt never frees the gesture recognizer that each grab registers, and a
+    // list is built anew every time its screen is shown.
     m_scroller = QScroller::scroller(viewport);
+    // Real time, not the events' own stamps: a finger resting before it lifts
+    // must not fling the list.
+    m_clock.start();
 
     QScrollerProperties properties = m_scroller->scrollerProperties();
     properties.setScrollMetric(QScrollerProperties::HorizontalOvershootPolicy,
@@ -55,19 +60,27 @@ void ListviewScroller::onScrollerStateChanged(QScroller::State state)
 
 bool ListviewScroller::eventFilter(QObject *watched, QEvent *event)
 {
-    // Only presses and releases need the view; other events also arrive
-    // while the view is being destroyed, when it must not be touched.
-    const bool press = event->type() == QEvent::MouseButtonPress;
-    const bool release = event->type() == QEvent::MouseButtonRelease;
-    if (watched != m_filtered || (!press && !release) || m_view.isNull())
+    // Only mouse events need the view; other events also arrive while the
+    // view is being destroyed, when it must not be touched.
+    const QEvent::Type type = event->type();
+    const bool press = type == QEvent::MouseButtonPress;
+    const bool move = type == QEvent::MouseMove;
+    const bool release = type == QEvent::MouseButtonRelease;
+    if (watched != m_filtered || (!press && !move && !release) || m_view.isNull())
         return QObject::eventFilter(watched, event);
 
-    if (press) {
-        auto *mouse = static_cast<QMouseEvent *>(event);
+    auto *mouse = static_cast<QMouseEvent *>(event);
+    if (press && mouse->button() == Qt::LeftButton) {
         m_pressIndex = m_view->indexAt(mouse->pos());
         m_dragged = false;
-    } else {
-        auto *mouse = static_cast<QMouseEvent *>(event);
+        m_scroller->handleInput(QScroller::InputPress, mouse->localPos(), m_clock.elapsed());
+    } else if (move && (mouse->buttons() & Qt::LeftButton)) {
+        m_scroller->handleInput(QScroller::InputMove, mouse->localPos(), m_clock.elapsed());
+        // A drag moves the list, not the selection.
+        if (m_dragged)
+            return true;
+    } else if (release && mouse->button() == Qt::LeftButton) {
+        m_scroller->handleInput(QScroller::InputRelease, mouse->localPos(), m_clock.elapsed());
         const QModelIndex index = m_view->indexAt(mouse->pos());
         const bool tap = !m_dragged && index.isValid() && index == m_pressIndex;
         m_pressIndex = QPersistentModelIndex();

@@ -20,7 +20,7 @@
 
 #include <QDirIterator>
 #include <QIcon>
-#include <QWindow>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QSet>
 #include <QListView>
@@ -262,13 +262,18 @@ void tst_HostFramework::listviewScrollerTapSelectsAndReports()
     QCOMPARE(clicked.count(), 1);
     QCOMPARE(scroller.itemHeight(), 60);
 
-    // A drag, through the window as a finger's, moves the list and is no tap either.
-    QWindow *window = view.windowHandle();
-    const auto at = [&](int y) { return view.viewport()->mapTo(&view, QPoint(200, y)); };
-    QTest::mousePress(window, Qt::LeftButton, {}, at(250));
-    for (int y = 230; y >= 50; y -= 20)
-        QTest::mouseMove(window, at(y));
-    QTest::mouseRelease(window, Qt::LeftButton, {}, at(50));
+    // A drag moves the list and is no tap either.
+    const auto send = [&](QEvent::Type type, int y, Qt::MouseButtons held) {
+        QMouseEvent event(type, QPoint(200, y), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
+                          Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, 250, Qt::LeftButton);
+    for (int y = 230; y >= 50; y -= 20) {
+        send(QEvent::MouseMove, y, Qt::LeftButton);
+        QTest::qWait(5);
+    }
+    send(QEvent::MouseButtonRelease, 50, Qt::NoButton);
     QTRY_VERIFY(view.verticalScrollBar()->value() > 0);
     QCOMPARE(clicked.count(), 1);
 }

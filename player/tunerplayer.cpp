@@ -181,9 +181,6 @@ void TunerPlayer::init_widget()
         area->widget()->setAutoFillBackground(false);
     }
     connect(ui->Txt_0037_rds_name, SIGNAL(clicked()), ui->Txt_0037_rds_name, SLOT(slotClicked()));
-    // The screen covers the whole window: filling its own background spares
-    // the windows beneath it a paint on every change of a label.
-    setAutoFillBackground(true);
 }
 
 // --- the active display line -------------------------------------------------------

@@ -332,18 +332,27 @@ void writes(Table &table)
 int runAll(const QStringList &args)
 {
     Options options;
+    QString only;
     for (int i = 0; i < args.size(); ++i) {
         if (args.at(i) == QLatin1String("--quick"))
             options.quick = true, options.runs = 1;
         else if (args.at(i) == QLatin1String("--runs"))
             options.runs = qMax(1, args.value(++i).toInt());
+        else if (args.at(i) == QLatin1String("--only"))
+            only = args.value(++i);
     }
+    const QList<QPair<QString, std::function<void(Table &)>>> paths{
+        {QStringLiteral("startup"), [&](Table &t) { startUp(options, t); }},
+        {QStringLiteral("report"), [&](Table &t) { stationReport(options, t); }},
+        {QStringLiteral("marquee"), [&](Table &t) { marquee(options, t); }},
+        {QStringLiteral("screens"), [&](Table &t) { screenChanges(options, t); }},
+        {QStringLiteral("writes"), [&](Table &t) { writes(t); }},
+    };
     Table table;
-    startUp(options, table);
-    stationReport(options, table);
-    marquee(options, table);
-    screenChanges(options, table);
-    writes(table);
+    for (const auto &path : paths) {
+        if (only.isEmpty() || only == path.first)
+            path.second(table);
+    }
 
     out() << "Measured on " << machine() << "; " << BENCH_BUILD_TYPE << " build, medians of " << options.runs
           << " paired runs.\n\n";

@@ -1,7 +1,7 @@
 // nilo-bench: the tuner's critical paths against bare Qt, measured in the same
 // run. Without arguments it runs every benchmark and prints one table.
 //
-//   nilo-bench [--runs N] [--quick]     all benchmarks, a Markdown table
+//   nilo-bench [--runs N] [--quick] [--only PATH]   all benchmarks (or one), a Markdown table
 //   nilo-bench report tuner|bare N      station report to repaint (one process)
 //   nilo-bench marquee SECONDS          CPU share with the marquee running
 //   nilo-bench screens N [N...]         RSS after N screen changes

@@ -29,7 +29,7 @@ extern tagTunerOpItem_T tunerOpItems[kOptionItemCount];
 
 // Screen on display: 0 none, 1 tuner, 2 options, 3 PTY list, 4 PTY search
 // running, 5 PTY search finished.
-extern int g_TunerCurDSPL;
+Q_DECL_EXPORT extern int g_TunerCurDSPL;
 
 // Rewrites the radio configuration below NILO_DIR (or beside the program)
 // with the named region's variant `step` (0 or 1).

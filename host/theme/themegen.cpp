@@ -190,6 +190,18 @@ void drawItem(QPainter &p, const QRectF &r, State state)
     p.fillRect(QRectF(r.left() + 12, r.bottom() - 1, r.width() - 24, 1), kKeyEdge);
 }
 
+bool isOpaque(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(row[x]) != 255)
+                return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -240,6 +252,10 @@ int main(int argc, char *argv[])
         else if (kind == QLatin1String("item"))
             drawItem(p, r, state);
         p.end();
+        // Stored without alpha when nothing is transparent: such a file decodes
+        // straight into the screen's format, with no premultiplying pass.
+        if (isOpaque(image))
+            image = image.convertToFormat(QImage::Format_RGB32);
         const QString file = out.filePath(QStringLiteral("Resource/") + path);
         QDir().mkpath(QFileInfo(file).absolutePath());
         if (!image.save(file, "PNG")) {

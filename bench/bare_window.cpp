@@ -4,7 +4,9 @@
 //   nilo-bench-bare-window FILE
 
 #include <QApplication>
+#include <QFont>
 #include <QLabel>
+#include <QTextStream>
 #include <QTimer>
 #include <QWidget>
 
@@ -17,14 +19,34 @@ int main(int argc, char *argv[])
 
     QWidget window;
     window.setFixedSize(800, 480);
-    // The two families the tuner screen draws with.
-    auto *digits = new QLabel(QStringLiteral("87.50 MHz"), &window);
-    digits->setFont(QFont(QStringLiteral("DejaVu Sans Condensed"), 60));
-    digits->setGeometry(200, 180, 400, 100);
-    auto *text = new QLabel(QStringLiteral("FM1"), &window);
-    text->setGeometry(20, 20, 160, 40);
+    // The fonts of the tuner's first frame, family and pixel size, each with
+    // the kind of text it draws there: band name, frequency, unit, presets.
+    const QString digitFamily = QStringLiteral("DejaVu Sans Condensed");
+    const auto label = [&window](const QString &text, const QFont &font, const QRect &geometry) {
+        auto *label = new QLabel(text, &window);
+        label->setFont(font);
+        label->setGeometry(geometry);
+    };
+    const auto pixelFont = [](const QString &family, int pixels) {
+        QFont font(family);
+        font.setPixelSize(pixels);
+        return font;
+    };
+    const QString textFamily = QApplication::font().family();
+    label(QStringLiteral("FM"), pixelFont(textFamily, 20), QRect(328, 62, 142, 32));
+    label(QStringLiteral("87.50"), pixelFont(digitFamily, 86), QRect(207, 114, 260, 197));
+    label(QStringLiteral("MHz"), pixelFont(textFamily, 25), QRect(430, 280, 100, 30));
+    const QStringList presets{QStringLiteral("87.50"), QStringLiteral("97.50"), QStringLiteral("98.00"),
+                              QStringLiteral("98.50"), QStringLiteral("107.50"), QStringLiteral("108.00")};
+    for (int k = 0; k < presets.size(); ++k)
+        label(presets[k], pixelFont(digitFamily, 30), QRect(38 + 123 * k, 401, 107, 44));
     window.show();
 
-    QTimer::singleShot(0, &app, [&] { app.exit(window.grab().save(file, "PNG") ? 0 : 1); });
+    QTimer::singleShot(0, &app, [&] {
+        const bool saved = window.grab().save(file, "PNG");
+        // The same report as the tuner's host: the benchmark times its arrival.
+        QTextStream(stdout) << (saved ? "Screenshot saved to " : "Could not save ") << file << Qt::endl;
+        app.exit(saved ? 0 : 1);
+    });
     return app.exec();
 }

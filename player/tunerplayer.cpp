@@ -161,6 +161,10 @@ void TunerPlayer::init_widget()
         auto *presets = new QButtonGroup(this);
         for (int id = 0; id < buttons[band].size(); ++id) {
             QPushButton *button = buttons[band][id];
+            // The form gives the first page its number images; the other
+            // pages share them, so each image is decoded once.
+            if (band > 0)
+                button->setIcon(buttons[0][id]->icon());
             button->setCheckable(true);
             presets->addButton(button, id);
             new cm::ColorControl(button, m_labels[band][id], this);

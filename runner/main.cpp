@@ -77,7 +77,7 @@ int main(int argc, char *argv[])
         const QString file = parser.value(screenshot);
         QTimer::singleShot(parser.value(settle).toInt(), &app, [&, file] {
             const bool saved = automation->screenshot(file);
-            QTextStream(stdout) << (saved ? "Screenshot saved to " : "Could not save ") << file << "\n";
+            QTextStream(stdout) << (saved ? "Screenshot saved to " : "Could not save ") << file << Qt::endl;
             app.exit(saved ? 0 : 1);
         });
     }

@@ -22,7 +22,7 @@ int main(int argc, char *argv[])
     // The fonts of the tuner's first frame, family and pixel size, each with
     // the kind of text it draws there: band name, frequency, unit, presets.
     const QString digitFamily = QStringLiteral("DejaVu Sans Condensed");
-    const auto label = [&window](const QString &text, const QFont &font, const QRect &geometry) {
+    const auto addLabel = [&window](const QString &text, const QFont &font, const QRect &geometry) {
         auto *label = new QLabel(text, &window);
         label->setFont(font);
         label->setGeometry(geometry);
@@ -33,13 +33,13 @@ int main(int argc, char *argv[])
         return font;
     };
     const QString textFamily = QApplication::font().family();
-    label(QStringLiteral("FM"), pixelFont(textFamily, 20), QRect(328, 62, 142, 32));
-    label(QStringLiteral("87.50"), pixelFont(digitFamily, 86), QRect(207, 114, 260, 197));
-    label(QStringLiteral("MHz"), pixelFont(textFamily, 25), QRect(430, 280, 100, 30));
+    addLabel(QStringLiteral("FM"), pixelFont(textFamily, 20), QRect(328, 62, 142, 32));
+    addLabel(QStringLiteral("87.50"), pixelFont(digitFamily, 86), QRect(207, 114, 260, 197));
+    addLabel(QStringLiteral("MHz"), pixelFont(textFamily, 25), QRect(430, 280, 100, 30));
     const QStringList presets{QStringLiteral("87.50"), QStringLiteral("97.50"), QStringLiteral("98.00"),
                               QStringLiteral("98.50"), QStringLiteral("107.50"), QStringLiteral("108.00")};
     for (int k = 0; k < presets.size(); ++k)
-        label(presets[k], pixelFont(digitFamily, 30), QRect(38 + 123 * k, 401, 107, 44));
+        addLabel(presets[k], pixelFont(digitFamily, 30), QRect(38 + 123 * k, 401, 107, 44));
     window.show();
 
     QTimer::singleShot(0, &app, [&] {

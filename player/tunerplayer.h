@@ -1,5 +1,16 @@
 #pragma once
 
+#include "bandswitch.h"
+#include "displayline.h"
+#include "frequencydial.h"
+#include "interruptbanner.h"
+#include "manualkeys.h"
+#include "presetpages.h"
+#include "presettouch.h"
+#include "rdsdisplay.h"
+#include "searchstatus.h"
+#include "remotekeys.h"
+
 #include <QBasicTimer>
 #include <QList>
 #include <QPoint>
@@ -17,20 +28,23 @@ namespace Ui {
 class c20_003_tuner;
 }
 
-namespace cm {
-class ScrollManage;
-}
-
 namespace tuner {
 
 class c35_011_interrupt_on_tuner;
 class RadioEdge;
 
-// The tuner's main screen: frequency display and tuning, the preset pages,
-// automatic store, the RDS name and icons, and the remote and steering keys.
+// The tuner's main screen: frequency display and tuning, automatic store, the
+// RDS name and icons and the interrupt popup. The frequency grid, the preset
+// pages, the display-line widgets and the remote keys are its collaborators.
 class TunerPlayer : public QWidget
 {
     Q_OBJECT
+    friend class BandSwitch;
+    friend class InterruptBanner;
+    friend class ManualKeys;
+    friend class PresetTouch;
+    friend class RemoteKeys;
+
 public:
     // The radio's reports come through `radioEdge` (the main window's); without
     // one the screen sets up its own around its proxy.
@@ -40,10 +54,10 @@ public:
     // Frequency model.
     void setStep(int step);
     void recalc();
-    void setRange(int low, int high);
+    void setRange(int low, int high) { m_dial.setRange(low, high); }
     void setValue(int value);
-    QString normalValue(int value) const;
-    int freqValue() const { return m_value; }
+    QString normalValue(int value) const { return m_dial.text(value); }
+    int freqValue() const { return m_dial.value(); }
     static int freqNormalize(int freq, int low, int high, int step);
     bool isValidFreq();
     void manualPlus();
@@ -62,17 +76,17 @@ public:
     void saveFavorite(int id, int freq);
     void setPresetTaAf(int id);
     void BTMafterHLightFreq();
-    void initband();
+    void initband() { m_bands.showStoredBand(); }
 
     // RDS and interrupts.
     void showRdsUnit();
-    void AlarmTaStatusEnd();
+    void AlarmTaStatusEnd() { m_banner.end(); }
 
     // Remote and steering keys; true when consumed.
-    bool onIrKeyEvent(int key, int state);
-    void IrUpSelectFreqId();
-    void IrDownSelectFreqId();
-    void IrBandChanged();
+    bool onIrKeyEvent(int key, int state) { return m_keys.keyEvent(key, state); }
+    void IrUpSelectFreqId() { m_keys.nextPreset(); }
+    void IrDownSelectFreqId() { m_keys.previousPreset(); }
+    void IrBandChanged() { m_keys.nextBand(); }
 
     // Reads the radio service's station, programme type and work state and
     // shows them (at construction, and when the service is new on the bus).
@@ -80,8 +94,8 @@ public:
 
     int workStatus() const { return m_workStatus; }
     int lastFrequency() const { return m_lastFreq; }
-    int interruptState() const { return m_interruptState; }
-    c35_011_interrupt_on_tuner *interruptPopup() const;
+    int interruptState() const { return m_banner.state(); }
+    c35_011_interrupt_on_tuner *interruptPopup() const { return m_banner.popup(); }
 
 signals:
     void PTYCurrentType(int);
@@ -95,24 +109,24 @@ signals:
 
 public slots:
     bool onTerminate();
-    void onPiTpStatus(int pitpState);
+    void onPiTpStatus(int pitpState) { m_banner.status(pitpState); }
     void onAutoScanCompleted(QString freqList);
     void onFrequencyChanged(int freq, int band);
-    void onBandChangState(int state);
-    void onstatusChanged(int state);
-    void onRdsName(QString name);
+    void onBandChangState(int state) { m_bands.switchDone(state); }
+    void onstatusChanged(int state) { m_rds.showStatus(state, m_lastFreq); }
+    void onRdsName(QString name) { m_rds.showName(name); }
     void onTimer();
     void onScrollerState(QScroller::State);
-    void onButGroupClicked(int);
-    void onButGroupPressed(int);
-    void onButGroupReleased(int);
+    void onButGroupClicked(int id) { m_touch.clicked(id, false); }
+    void onButGroupPressed(int id) { m_touch.pressed(id); }
+    void onButGroupReleased(int) { m_touch.released(); }
     void onSetLocal();
     void onSetTa();
     void onSetAf();
     void onSetRegional();
     void onSetPty(int value);
     void onAutoScan();
-    void onInterruptCancel();
+    void onInterruptCancel() { m_banner.dismissed(); }
     void onPtyChanged(int, QString);
     void onSeekState(int);
     void onWorkStatus(int);
@@ -120,94 +134,56 @@ public slots:
     void onSeekPlus();
     void onSeekMinus();
     void onOptionMenu();
-    void onManualPlusClicked();
-    void onManualPlusPressed();
-    void onManualPlusReleased();
-    void onManualMinusClicked();
-    void onManualMinusPressed();
-    void onManualMinusReleased();
-    void onUpdateNavigationIcon_FM(int page);
-    void onUpdateNavigationIcon_AM(int page);
-    void on_Key_0020_switch_band_released();
+    void onManualPlusClicked() { m_manual.clicked(true); }
+    void onManualPlusPressed() { m_manual.pressed(true); }
+    void onManualPlusReleased() { m_manual.released(true); }
+    void onManualMinusClicked() { m_manual.clicked(false); }
+    void onManualMinusPressed() { m_manual.pressed(false); }
+    void onManualMinusReleased() { m_manual.released(false); }
+    void onUpdateNavigationIcon_FM(int page) { m_bands.enterFmPage(page); }
+    void onUpdateNavigationIcon_AM(int page) { m_bands.enterAmPage(page); }
+    void on_Key_0020_switch_band_released() { m_bands.switchFamily(); }
 
 protected:
-    void timerEvent(QTimerEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     void init_widget();
-    void releaseManualKeys();
     void clearRdsState();
     void beep(int state);
-    QWidget *manualKey(bool plus) const;
-    void manualClicked(bool plus);
-    void manualPressed(bool plus);
-    void manualReleased(bool plus);
+    void stopAndRetune();
+    bool startSeek(bool up);
+    void showBandFamily(bool fm);
+    void showUnit(bool fm);
     void seek(bool up);
-    void unlight(QButtonGroup *group);
     void unlightPlayingPreset();
-    void lightButton(int band, int id);
-    QButtonGroup *group(int band) const;
-    QLabel *presetLabel(int band, int id) const;
-    cm::ScrollManage *scroller(bool fm);
-    void startStatusAnimation(int interval, int textId);
     bool stopRunningSearch();
-    void stepToBand(int band);
-    void selectStepPreset(int next);
-    void storePresetFromKey(int id);
-    void irSeek(bool up);
-    void raiseInterrupt(int state, int type);
-    void showPageImage(int band);
-
-    // Widgets of the active display-line page (null for an unknown mode).
-    QLabel *freqLabel() const;
-    QLabel *unitLabel() const;
-    QLabel *nameLabel() const;
-    QLabel *rdsIcon() const;
-    QLabel *tpIcon() const;
-    int displayLine() const;
-    QLabel *byDisplayLine(QLabel *mode1, QLabel *mode0) const;
 
     Ui::c20_003_tuner *ui;
     NiloRadioServiceInterface *m_radio;
     NiloMcuServiceInterface *m_mcu;
 
-    int m_value = 0;
-    int m_step = 10;
-    int m_decimals = 0;
-    int m_minimum = 0;
-    int m_maximum = 0;
+    FrequencyDial m_dial;
+    DisplayLine m_line;
+    PresetPages m_pages;
+    RdsDisplay m_rds;
+    InterruptBanner m_banner;
+    ManualKeys m_manual;
+    PresetTouch m_touch;
+    RemoteKeys m_keys;
+    SearchStatus m_search;
+    BandSwitch m_bands;
     int m_lastFreq = 0;
     int m_workStatus = 0;
-    int m_pageImageBand = -1; // the form starts with no band's indicator set by us
     bool m_tuneRequested = false;
     bool m_seeking = false;
-    bool m_manualStepping = false;
     bool m_bandKeyFromRemote = false;
     bool m_bandSwitched = false;
     bool m_initialised = false;
     QPoint m_pressPoint{-1, -1};
-    int m_interruptState = 0;
-    QPointer<c35_011_interrupt_on_tuner> m_popup;
 
-    QList<QButtonGroup *> m_groups;
-    QList<QList<QLabel *>> m_labels;
-    cm::ScrollManage *m_fmScroller = nullptr;
-    cm::ScrollManage *m_amScroller = nullptr;
-    int m_pressedPreset = 0;
-    int m_lastClickedPreset = 6;
-    bool m_presetSaved = false;
-
-    QBasicTimer m_presetHoldTimer;
-    QBasicTimer m_manualPlusTimer;
-    QBasicTimer m_manualMinusTimer;
-    QBasicTimer m_statusTimer;
-    QBasicTimer m_bandKeyLock;
-    QBasicTimer m_manualKeyRelease;
     QTimer *m_seekSettle = nullptr;
-    QString m_dots;
-    int m_dotsShown = 0;
 };
 
 } // namespace tuner

@@ -1,5 +1,6 @@
 #include "preferences.h"
 
+#include "frequencydial.h"
 #include "inifile.h"
 #include "settingsutil.h"
 #include "translator.h"
@@ -609,17 +610,7 @@ int Preferences::favorites(int *out, int count) const
 
 int Preferences::freqDetect(int freq, int min, int max, int step)
 {
-    if (freq < min)
-        return min;
-    if (freq > max)
-        return max;
-    if (step <= 0) {
-        TUNER_WAR() << freq << min << max << step << "step is not positive, frequency not snapped.";
-        return freq;
-    }
-    if ((freq - min) % step != 0)
-        return min + step * ((freq - min) / step);
-    return freq;
+    return FrequencyDial::detect(freq, min, max, step);
 }
 
 QString Preferences::delControlChar(QString text)

@@ -16,6 +16,7 @@ enum Band { BAND_FM1 = 0, BAND_FM2 = 1, BAND_FM3 = 2, BAND_AM1 = 3, BAND_AM2 = 4
 enum InterruptType { INTERRUPT_NONE = 0, INTERRUPT_ALARM = 1, INTERRUPT_TA = 2 };
 
 constexpr int kNoPreset = 6; // preset id meaning "no preset lit"
+constexpr int kPtySearching = 3; // PTYSeachState() while a PTY search runs
 
 // The tuner's whole state. Persistent setters change the radio configuration
 // (or the settings file) only when the value changes; the changes of one burst

@@ -7,6 +7,7 @@ namespace tuner {
 
 constexpr int kBandCount = 5;
 constexpr int kFmBandCount = 3;
+constexpr int kAmBandCount = 2;
 constexpr int kPresetCount = 6;
 
 // One tuning variant of a region (chosen by the tuner step).

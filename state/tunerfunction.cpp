@@ -1,6 +1,7 @@
 #include "tunerfunction.h"
 
 #include "busproxies.h"
+#include "frequencydial.h"
 #include "preferences.h"
 #include "settingsutil.h"
 #include "tunerlog.h"
@@ -15,7 +16,6 @@ namespace {
 
 constexpr int kManualRepeatMs = 300;
 constexpr int kPresetRepeatMs = 500;
-constexpr int kPtySearching = 3;
 
 Preferences *prefs()
 {
@@ -141,10 +141,7 @@ void tunerfunction::manualPlus()
     Preferences *p = prefs();
     p->setCurrPlayFreqId(kNoPreset);
     p->setPresetIndex(0);
-    int next = p->playFreq() + p->stepFreq();
-    if (next > p->highFreq())
-        next = p->lowFreq();
-    p->setCurrPlayFreq(next);
+    p->setCurrPlayFreq(FrequencyDial::stepUp(p->playFreq(), p->lowFreq(), p->highFreq(), p->stepFreq()));
 }
 
 void tunerfunction::manualMinus()
@@ -152,10 +149,7 @@ void tunerfunction::manualMinus()
     Preferences *p = prefs();
     p->setCurrPlayFreqId(kNoPreset);
     p->setPresetIndex(0);
-    int next = p->playFreq() - p->stepFreq();
-    if (next < p->lowFreq())
-        next = p->highFreq();
-    p->setCurrPlayFreq(next);
+    p->setCurrPlayFreq(FrequencyDial::stepDown(p->playFreq(), p->lowFreq(), p->highFreq(), p->stepFreq()));
 }
 
 void tunerfunction::manualPressed(QBasicTimer &timer)

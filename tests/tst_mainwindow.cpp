@@ -13,6 +13,7 @@
 #include "preferences.h"
 #include "tunerplayer.h"
 #include "teststate.h"
+#include "timing.h"
 #include "tuneroptions.h"
 
 #include <QElapsedTimer>
@@ -394,7 +395,7 @@ void tst_MainWindow::presetKeyRepeatsEverySecondUntilReleased()
     auto window = makeWindow();
     KeyEvent longPress(Qx::KeyLongPressed, key);
     QVERIFY(window->sourceKeyEvent(&longPress)); // one step at once ...
-    QTRY_COMPARE_WITH_TIMEOUT(prefs()->playFreqId(), expected, 3500); // ... and one a second later
+    TUNER_VERIFY_AFTER_PERIOD(1000, prefs()->playFreqId() == expected); // ... and one a second later
     KeyEvent releaseEvent(Qx::EventType(release), key);
     QVERIFY(window->sourceKeyEvent(&releaseEvent));
     const int after = prefs()->playFreqId();
@@ -452,6 +453,12 @@ void tst_MainWindow::interruptBookkeeping_data()
     QTest::newRow("focus lost during an announcement")
         << QStringList{"start", "tp3", "focus-1"} << QStringList{ch, on, off} << QStringList{"terminate()", "taAlarmCancel(1)"}
         << none << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
+    QTest::newRow("announcement ends after focus was lost")
+        << QStringList{"start", "tp3", "focus-1", "tp4"} << QStringList{ch, on, off, off}
+        << QStringList{"terminate()", "taAlarmCancel(1)"} << none << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+    QTest::newRow("alarm ends after focus was lost")
+        << QStringList{"start", "tp5", "focus-1", "tp6"} << QStringList{ch, on, off, off} << QStringList{"terminate()"}
+        << none << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
     QTest::newRow("focus lost while seeking retunes")
         << QStringList{"start", "seek", "focus-2"} << QStringList{ch} << QStringList{"terminate()", "tune(8750)"} << none
         << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";

@@ -40,8 +40,6 @@ private slots:
     void badIndexesChangeNothing();
     void defaultsComeFromTheDestinationsRegion_data();
     void defaultsComeFromTheDestinationsRegion();
-    void freqDetect_data();
-    void freqDetect();
     void initParsesTheServiceLists();
     void initWithFewerBandPositionsSetsUpOnlyThoseBands();
     void initSurvivesGarbageLists();
@@ -213,34 +211,6 @@ void tst_Preferences::defaultsComeFromTheDestinationsRegion()
     QCOMPARE(prefs()->playFreqId(), destination == 2 ? kNoPreset : kNoPreset);
     // Nothing is written at start-up.
     QVERIFY(!QFile::exists(state.radioConf()));
-}
-
-void tst_Preferences::freqDetect_data()
-{
-    QTest::addColumn<int>("freq");
-    QTest::addColumn<int>("min");
-    QTest::addColumn<int>("max");
-    QTest::addColumn<int>("step");
-    QTest::addColumn<int>("expected");
-
-    QTest::newRow("rounds down to the grid") << 8752 << 8750 << 10800 << 5 << 8750;
-    QTest::newRow("just below the next step") << 8759 << 8750 << 10800 << 5 << 8755;
-    QTest::newRow("above the band") << 10810 << 8750 << 10800 << 5 << 10800;
-    QTest::newRow("below the band") << 8700 << 8750 << 10800 << 5 << 8750;
-    QTest::newRow("on the grid") << 9850 << 8750 << 10800 << 5 << 9850;
-    QTest::newRow("AM grid from 531") << 1000 << 531 << 1602 << 9 << 999;
-    QTest::newRow("step 0 does not divide") << 9000 << 8750 << 10800 << 0 << 9000;
-    QTest::newRow("negative step does not divide") << 9000 << 8750 << 10800 << -5 << 9000;
-}
-
-void tst_Preferences::freqDetect()
-{
-    QFETCH(int, freq);
-    QFETCH(int, min);
-    QFETCH(int, max);
-    QFETCH(int, step);
-    QFETCH(int, expected);
-    QCOMPARE(Preferences::freqDetect(freq, min, max, step), expected);
 }
 
 void tst_Preferences::initParsesTheServiceLists()

@@ -5,6 +5,7 @@
 #include "fakeservices.h"
 #include "preferences.h"
 #include "teststate.h"
+#include "timing.h"
 #include "tunerfunction.h"
 
 #include <QtTest>
@@ -304,7 +305,7 @@ void tst_TunerFunction::manualHoldStepsAndTunesOnRelease()
     keys()->ManualPlusPressed();
     QCOMPARE(radioCalls(), (QStringList{"terminate()", "keyLongPress(1)"}));
     // Each 300 ms tick moves the stored frequency only.
-    QTRY_VERIFY_WITH_TIMEOUT(prefs()->playFreq() >= 8760, 3000);
+    TUNER_VERIFY_AFTER_PERIOD(300, prefs()->playFreq() >= 8760);
     QCOMPARE(radioCalls().size(), 2);
     keys()->ManualPlusReleased();
     const int tuned = prefs()->playFreq();
@@ -327,7 +328,8 @@ void tst_TunerFunction::presetHoldRepeatsUntilRelease()
     prefs()->setCurrPlayFreqId(0);
     keys()->presetUpPressed();
     keys()->presetUpPressed(); // a second press does not start a second timer
-    QTRY_COMPARE_WITH_TIMEOUT(prefs()->playFreqId(), 2, 3000);
+    TUNER_VERIFY_AFTER_PERIOD(500, prefs()->playFreqId() == 1);
+    TUNER_VERIFY_AFTER_PERIOD(500, prefs()->playFreqId() == 2);
     keys()->presetUpReleased();
     QCOMPARE(radioCalls().filter(QStringLiteral("setPreset")), (QStringList{"setPreset(1)", "setPreset(2)"}));
 

@@ -6,6 +6,7 @@
 #include "preferences.h"
 #include "scrollmanage.h"
 #include "teststate.h"
+#include "timing.h"
 #include "tunerplayer.h"
 
 #include <QAbstractButton>
@@ -36,8 +37,6 @@ private slots:
 
     void displayFormats_data();
     void displayFormats();
-    void freqNormalize_data();
-    void freqNormalize();
     void manualStepWrapsAtTheEdges_data();
     void manualStepWrapsAtTheEdges();
     void manualHoldRepeatsAndTunesOnRelease();
@@ -136,26 +135,6 @@ void tst_TunerPlayer::displayFormats()
     QCOMPARE(m_player->normalValue(freq), shown);
 }
 
-void tst_TunerPlayer::freqNormalize_data()
-{
-    QTest::addColumn<int>("freq");
-    QTest::addColumn<int>("step");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("snapped down") << 8757 << 5 << 8755;
-    QTest::newRow("zero stays zero") << 0 << 5 << 0;
-    QTest::newRow("below the band") << 8700 << 5 << -1;
-    QTest::newRow("above the band") << 10805 << 5 << -1;
-    QTest::newRow("step 0 does not divide") << 9000 << 0 << 9000;
-}
-
-void tst_TunerPlayer::freqNormalize()
-{
-    QFETCH(int, freq);
-    QFETCH(int, step);
-    QFETCH(int, expected);
-    QCOMPARE(TunerPlayer::freqNormalize(freq, 8750, 10800, step), expected);
-}
-
 void tst_TunerPlayer::manualStepWrapsAtTheEdges_data()
 {
     QTest::addColumn<bool>("plus");
@@ -163,7 +142,7 @@ void tst_TunerPlayer::manualStepWrapsAtTheEdges_data()
     QTest::addColumn<int>("to");
     QTest::newRow("plus at the top wraps to the bottom") << true << 10800 << 8750;
     QTest::newRow("minus at the bottom wraps to the top") << false << 8750 << 10800;
-    QTest::newRow("plus in the band") << true << 9000 << 9005;
+    QTest::newRow("plus one step below the top reaches it") << true << 10795 << 10800;
 }
 
 void tst_TunerPlayer::manualStepWrapsAtTheEdges()
@@ -287,10 +266,10 @@ void tst_TunerPlayer::bandKeyIsLockedUntilTheServiceConfirms()
 
 void tst_TunerPlayer::presetHoldStoresAndEarlierReleaseRecalls_data()
 {
-    QTest::addColumn<int>("holdMs");
+    QTest::addColumn<int>("holdMs"); // 0: released at once
     QTest::addColumn<QStringList>("radio");
     QTest::addColumn<QStringList>("mcu");
-    QTest::newRow("hold stores") << 1700 << QStringList{"savePreset(2)"} << QStringList{"triggerBeep(1)"};
+    QTest::newRow("hold stores") << 1500 << QStringList{"savePreset(2)"} << QStringList{"triggerBeep(1)"};
     QTest::newRow("short press recalls") << 0 << QStringList{"setPreset(2)", "setTa(false)", "setAf(true)"} << QStringList{"triggerBeep(0)"};
 }
 
@@ -305,7 +284,7 @@ void tst_TunerPlayer::presetHoldStoresAndEarlierReleaseRecalls()
     const QPoint centre = preset->mapTo(m_player.get(), preset->rect().center());
     QTest::mousePress(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
     if (holdMs > 0)
-        QTRY_COMPARE_WITH_TIMEOUT(radioCalls(), radio, holdMs + 1000);
+        TUNER_VERIFY_AFTER_PERIOD(holdMs, radioCalls() == radio);
     QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
     QCOMPARE(radioCalls(), radio); // the release after a store recalls nothing
     QCOMPARE(mcuCalls(), mcu);
@@ -377,10 +356,11 @@ void tst_TunerPlayer::statusPageAndDots_data()
     QTest::addColumn<int>("status");
     QTest::addColumn<bool>("local");
     QTest::addColumn<QString>("text");
-    QTest::newRow("automatic store") << 1 << false << "Auto Store";
-    QTest::newRow("seek up") << 2 << false << "Seek Up";
-    QTest::newRow("local seek down") << 3 << true << "Local Seek Down";
-    QTest::newRow("PTY search") << 4 << false << "PTY Search Up";
+    QTest::addColumn<int>("period"); // of the dots
+    QTest::newRow("automatic store") << 1 << false << "Auto Store" << 500;
+    QTest::newRow("seek up") << 2 << false << "Seek Up" << 400;
+    QTest::newRow("local seek down") << 3 << true << "Local Seek Down" << 400;
+    QTest::newRow("PTY search") << 4 << false << "PTY Search Up" << 500;
 }
 
 void tst_TunerPlayer::statusPageAndDots()
@@ -388,13 +368,14 @@ void tst_TunerPlayer::statusPageAndDots()
     QFETCH(int, status);
     QFETCH(bool, local);
     QFETCH(QString, text);
+    QFETCH(int, period);
     makePlayer();
     prefs()->setLocal(local);
     m_player->onWorkStatus(status);
     QCOMPARE(page(), QStringLiteral("page_tuner_04"));
     QCOMPARE(label("Txt_0022_status")->text(), text);
     QLabel *dots = label("Txt_0384_status2");
-    QTRY_COMPARE(dots->text(), QStringLiteral("."));
+    TUNER_VERIFY_AFTER_PERIOD(period, dots->text() == QLatin1String("."));
     QTRY_COMPARE(dots->text(), QStringLiteral(".."));
     QTRY_COMPARE(dots->text(), QStringLiteral("..."));
     QTRY_COMPARE(dots->text(), QStringLiteral("."));

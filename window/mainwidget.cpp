@@ -15,7 +15,6 @@ namespace tuner {
 
 namespace {
 constexpr int kReturnMs = 5000;
-constexpr int kPtySearching = 3;
 constexpr int kPtyNotFound = 4;
 constexpr int kPtyFound = 6;
 } // namespace

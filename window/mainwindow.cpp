@@ -23,7 +23,6 @@ namespace {
 
 constexpr int kPresetRepeatMs = 1000;
 constexpr int kSourceTa = 6;
-constexpr int kPtySearching = 3;
 
 enum Phase { Pressed = 1002, ShortReleased = 1003, LongPressed = 1004, LongReleased = 1005 };
 

@@ -1,0 +1,65 @@
+#include "displayline.h"
+
+#include "scrolllabel.h"
+#include "settingsutil.h"
+#include "ui_c20_003_tuner.h"
+
+namespace tuner {
+
+DisplayLine::DisplayLine(Ui::c20_003_tuner *form)
+    : ui(form)
+{
+}
+
+int DisplayLine::mode() const
+{
+    return cm::SettingsUtil::instance()->getRadioInfoDispLine();
+}
+
+QLabel *DisplayLine::pick(QLabel *mode1, QLabel *mode0) const
+{
+    const int line = mode();
+    return line == 1 ? mode1 : line == 0 ? mode0 : nullptr;
+}
+
+QLabel *DisplayLine::freq() const
+{
+    return pick(ui->Txt_0035_rds_freq, ui->Txt_0019_rds_freq);
+}
+
+QLabel *DisplayLine::unit() const
+{
+    return pick(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit);
+}
+
+QLabel *DisplayLine::name() const
+{
+    return pick(ui->Txt_0037_rds_name, ui->Txt_0018_rds_name);
+}
+
+QLabel *DisplayLine::rdsIcon() const
+{
+    return pick(ui->Icn_0020_rds, ui->Icn_0015_rds);
+}
+
+QLabel *DisplayLine::tpIcon() const
+{
+    return pick(ui->Icn_0021_tp, ui->Icn_0016_tp);
+}
+
+bool DisplayLine::turnToPage()
+{
+    const int line = mode();
+    if (line != 0 && line != 1)
+        return false;
+    ui->stackedWidget_tuner->setCurrentWidget(line == 1 ? ui->page_tuner_01 : ui->page_tuner_02);
+    return true;
+}
+
+void DisplayLine::showFrequency(const QString &text)
+{
+    if (turnToPage())
+        freq()->setText(text);
+}
+
+} // namespace tuner

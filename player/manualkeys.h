@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+
+class QWidget;
+
+namespace tuner {
+
+class TunerPlayer;
+
+// The manual step keys: a tap steps once and tunes, locking the key until the
+// service confirms the frequency; a hold steps the display every 300 ms and
+// tunes the final frequency on release.
+class ManualKeys : public QObject
+{
+public:
+    explicit ManualKeys(TunerPlayer &screen);
+
+    void clicked(bool plus);
+    void pressed(bool plus);
+    void released(bool plus);
+    // A held key owns the display.
+    bool repeating() const { return m_plusRepeat.isActive() || m_minusRepeat.isActive(); }
+    // A tapped key waits for the service's confirmation.
+    bool stepping() const { return m_stepping; }
+    void unlock();
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    QWidget *key(bool plus) const;
+    QBasicTimer &repeat(bool plus) { return plus ? m_plusRepeat : m_minusRepeat; }
+
+    TunerPlayer &m_screen;
+    QBasicTimer m_plusRepeat;
+    QBasicTimer m_minusRepeat;
+    QBasicTimer m_unlock;
+    bool m_stepping = false;
+};
+
+} // namespace tuner

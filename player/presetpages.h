@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QList>
+
+class QButtonGroup;
+class QLabel;
+class QString;
+class QWidget;
+
+namespace Ui {
+class c20_003_tuner;
+}
+
+namespace cm {
+class ScrollManage;
+}
+
+namespace tuner {
+
+// The five preset pages of the tuner screen (FM1..FM3, AM1, AM2): their button
+// groups and labels, the two scrolling families and the page indicator. The
+// groups and scrollers are children of the screen and report to its slots.
+class PresetPages
+{
+public:
+    PresetPages(Ui::c20_003_tuner *ui, QWidget *screen);
+
+    QButtonGroup *group(int band) const; // null, with a warning, for no band
+    QLabel *label(int band, int id) const; // null outside the pages
+    void light(int band, int id);
+    // An exclusive group cannot uncheck its last button: this goes through a
+    // non-exclusive group.
+    void unlight(int band);
+    // Names sit to the left of a preset, frequencies in its centre.
+    void setText(int band, int id, const QString &text, bool name);
+    // Shows one family's pages and hides the other's.
+    void showFamily(bool fm);
+    cm::ScrollManage *scroller(bool fm);
+    void scrollToBand(int band, bool animated);
+    void showPageImage(int band);
+
+private:
+    Ui::c20_003_tuner *ui;
+    QWidget *m_screen;
+    QList<QButtonGroup *> m_groups;
+    QList<QList<QLabel *>> m_labels;
+    cm::ScrollManage *m_fmScroller = nullptr;
+    cm::ScrollManage *m_amScroller = nullptr;
+    int m_pageImageBand = -1; // the form starts with no band's indicator set by us
+};
+
+} // namespace tuner

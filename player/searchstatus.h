@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+#include <QString>
+
+class QLabel;
+
+namespace Ui {
+class c20_003_tuner;
+}
+
+namespace tuner {
+
+// The status page shown while the service searches (automatic store, seek,
+// PTY search): its text and the dots running beside it.
+class SearchStatus : public QObject
+{
+public:
+    explicit SearchStatus(Ui::c20_003_tuner *form);
+
+    // A running animation keeps its period; only the text changes.
+    void show(int periodMs, const QString &text);
+    void stop();
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    Ui::c20_003_tuner *ui;
+    QBasicTimer m_dotsTimer;
+    QString m_dots;
+    int m_dotsShown = 0;
+};
+
+} // namespace tuner

@@ -82,16 +82,12 @@ private slots:
     void everyImagePathInFormsAndSourcesLoads();
     void catalogueCoversEveryTextIdInUse();
     void catalogueCoversEveryLiteralIdInTheSources();
-    void programmeTypeNames_data();
-    void programmeTypeNames();
     void unknownLanguageKeepsTheCatalogue();
     void vehicleSettings_data();
     void vehicleSettings();
     void audioFocus();
     void mcuRequestsGoOverTheBus();
     void windowPostsToTheHost();
-    void windowInterfacesAnswerTheirIids();
-    void keyEventPhaseIsItsType();
 
 private:
     std::unique_ptr<FakeServices> m_fakes;
@@ -425,29 +421,6 @@ void tst_HostFramework::catalogueCoversEveryLiteralIdInTheSources()
     qInfo("%d literal text ids checked", found);
 }
 
-void tst_HostFramework::programmeTypeNames_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("RDS 1 News") << 53 << "News";
-    QTest::newRow("RDS 4 Sport") << 56 << "Sport";
-    QTest::newRow("RDS 10 Pop Music") << 62 << "Pop Music";
-    QTest::newRow("RDS 29 Documentary") << 81 << "Documentary";
-    QTest::newRow("RBDS 3 Sports") << 82 << "Sports";
-    QTest::newRow("RBDS 5 Rock") << 84 << "Rock";
-    QTest::newRow("RBDS 23 College") << 102 << "College";
-    QTest::newRow("RBDS 29 Weather") << 103 << "Weather";
-    QTest::newRow("RBDS 24 Spanish Talk") << 107 << "Spanish Talk";
-    QTest::newRow("RBDS 26 Hip Hop") << 109 << "Hip Hop";
-}
-
-void tst_HostFramework::programmeTypeNames()
-{
-    QFETCH(int, id);
-    QFETCH(QString, text);
-    QCOMPARE(Translator::translate(id), text);
-}
-
 void tst_HostFramework::unknownLanguageKeepsTheCatalogue()
 {
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("xx has no catalogue"));
@@ -555,29 +528,6 @@ void tst_HostFramework::windowPostsToTheHost()
     window.setWindowAttribute(WA_KeepAlive, true);
     QVERIFY(window.testAttribute(WA_KeepAlive));
     QVERIFY(!window.testAttribute(WA_Popup));
-}
-
-void tst_HostFramework::windowInterfacesAnswerTheirIids()
-{
-    Window window;
-    QVERIFY(window.qt_metacast("WindowInterface"));
-    QCOMPARE(static_cast<WindowInterface *>(window.qt_metacast("com.brackel.Plugin.WindowInterface/1.0")),
-             static_cast<WindowInterface *>(&window));
-    FocusListener listener;
-    QCOMPARE(static_cast<IAudioFocusChangeListener *>(listener.qt_metacast("com.brackel.nilo.IAudioFocusChangedListener/1.0")),
-             static_cast<IAudioFocusChangeListener *>(&listener));
-    QCOMPARE(qobject_interface_iid<AppPlugin *>(), "com.brackel.Plugin.AppPlugin/1.0");
-    QCOMPARE(qobject_interface_iid<SourceInterface *>(), "com.brackel.Plugin.SourceInterface/1.0");
-}
-
-void tst_HostFramework::keyEventPhaseIsItsType()
-{
-    const KeyEvent press(Qx::KeyPressed, 44);
-    const KeyEvent longRelease(Qx::KeyLongReleased, 7);
-    QCOMPARE(int(press.type()), 1002);
-    QCOMPARE(press.key(), 44);
-    QCOMPARE(int(longRelease.type()), 1005);
-    QCOMPARE(longRelease.key(), 7);
 }
 
 QTEST_MAIN(tst_HostFramework)

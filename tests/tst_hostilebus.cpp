@@ -9,6 +9,7 @@
 #include "radioedge.h"
 #include "scrolllabel.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "tunerplayer.h"
 #include "warningcounter.h"
 
@@ -61,7 +62,7 @@ const QVariantMap kStation{{"bandId", 1}, {"bandPos", "0;0;0;0;0"}, {"fmMaxFreq"
 
 } // namespace
 
-class tst_HostileBus : public QObject
+class tst_HostileBus : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -87,22 +88,18 @@ private:
     void fromService(const std::function<void(NiloRadioServiceBackend *)> &emitter);
     TunerPlayer *player() const { return m_window->screenStack()->player(); }
     QLabel *label(const char *name) const { return player()->findChild<QLabel *>(QLatin1String(name)); }
-    QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
 
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
     std::unique_ptr<MainWindow> m_window;
 };
 
 void tst_HostileBus::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
 }
 
 void tst_HostileBus::init()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     bus::ReplyBatch::forgetUnresponsiveServices();
     m_fakes->radio()->clearAnswers();
     m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 1);
@@ -128,8 +125,7 @@ void tst_HostileBus::makeWindow()
     m_window->onCreate();
     m_window->screenStack()->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window->screenStack()));
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
 }
 
 void tst_HostileBus::fromService(const std::function<void(NiloRadioServiceBackend *)> &emitter)

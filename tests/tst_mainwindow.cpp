@@ -13,6 +13,7 @@
 #include "preferences.h"
 #include "tunerplayer.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "timing.h"
 #include "tuneroptions.h"
 
@@ -44,7 +45,7 @@ QString interruptSummary()
 
 } // namespace
 
-class tst_MainWindow : public QObject
+class tst_MainWindow : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -77,24 +78,19 @@ private:
     // A window with its start-up traffic settled and forgotten; with the
     // screen stack built if asked.
     std::unique_ptr<MainWindow> makeWindow(bool withStack = false);
-    QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
-    QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
 
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
     HostRecorder m_host;
 };
 
 void tst_MainWindow::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
     cm::BaseWindow::setHost(&m_host);
 }
 
 void tst_MainWindow::init()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     bus::ReplyBatch::forgetUnresponsiveServices();
     m_fakes->clearCalls();
     m_host.events.clear();
@@ -119,8 +115,7 @@ std::unique_ptr<MainWindow> tst_MainWindow::makeWindow(bool withStack)
     auto window = std::make_unique<MainWindow>();
     if (withStack)
         window->onCreate();
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
     return window;
 }
 

@@ -9,6 +9,7 @@
 #include "ptysearchwidget.h"
 #include "ptywidget.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "timing.h"
 
 #include <QAbstractButton>
@@ -54,7 +55,7 @@ private:
 
 } // namespace
 
-class tst_OptionLists : public QObject
+class tst_OptionLists : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -82,14 +83,11 @@ private slots:
     void searchPopupCloseIsTheLastThing();
 
 private:
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
 };
 
 void tst_OptionLists::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
 }
 
 void tst_OptionLists::cleanup()
@@ -127,7 +125,7 @@ void tst_OptionLists::optionRows()
     TestState::Vehicle vehicle;
     vehicle.rdsAfTaTpSupport = afTaTp;
     vehicle.regionalSupport = regional;
-    m_state = std::make_unique<TestState>(vehicle);
+    newState(vehicle);
     prefs()->setBand(Band(band));
     OptionWidget options;
     QCOMPARE(itemsOf(options.model()), items);
@@ -139,7 +137,7 @@ void tst_OptionLists::optionRows()
 
 void tst_OptionLists::optionValuesFollowThePreferences()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     prefs()->setLocal(true);
     prefs()->setTa(false);
     prefs()->setPtyItem(10);
@@ -173,7 +171,7 @@ void tst_OptionLists::optionTaps()
     QFETCH(int, item);
     QFETCH(QStringList, emitted);
     QFETCH(QString, changed);
-    m_state = std::make_unique<TestState>();
+    newState();
     OptionWidget options;
     Order order;
     order.watch(&options, &OptionWidget::OpAutoScan, "OpAutoScan");
@@ -187,8 +185,7 @@ void tst_OptionLists::optionTaps()
     bool valueAtSignal = false;
     connect(&options, &OptionWidget::opTaStatus, this, [&] { valueAtSignal = prefs()->ta(); });
     QSignalSpy rebuilt(options.model(), &QAbstractItemModel::modelReset);
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
 
     options.clicked(item);
 
@@ -205,7 +202,7 @@ void tst_OptionLists::optionTaps()
 
 void tst_OptionLists::aTapOnTheRowReachesTheScreen()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     OptionWidget options;
     options.show();
     QVERIFY(QTest::qWaitForWindowExposed(&options));
@@ -218,7 +215,7 @@ void tst_OptionLists::aTapOnTheRowReachesTheScreen()
 
 void tst_OptionLists::tapsOnAHiddenListAreDropped()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     OptionWidget options;
     QSignalSpy local(&options, &OptionWidget::opLocalStatus);
     options.onItemClicked(options.model()->index(1, 0));
@@ -250,7 +247,7 @@ void tst_OptionLists::ptyNameMap()
     QFETCH(QString, name);
     TestState::Vehicle vehicle;
     vehicle.rdsSupport = support;
-    m_state = std::make_unique<TestState>(vehicle);
+    newState(vehicle);
     OptionWidget options;
     options.onCurPTYItem(code);
     QCOMPARE(prefs()->selectPTY(), name);
@@ -273,7 +270,7 @@ void tst_OptionLists::ptyRows()
     QFETCH(QString, last);
     TestState::Vehicle vehicle;
     vehicle.rdsSupport = support;
-    m_state = std::make_unique<TestState>(vehicle);
+    newState(vehicle);
     PTYWidget list;
     QCOMPARE(list.model()->rowCount(), rows);
     if (rows > 0) {
@@ -309,7 +306,7 @@ void tst_OptionLists::ptyMarks()
     QFETCH(int, storedAfter);
     TestState::Vehicle vehicle;
     vehicle.rdsSupport = support;
-    m_state = std::make_unique<TestState>(vehicle);
+    newState(vehicle);
     PTYWidget list;
     prefs()->setPty(stored);
     list.onPTYChanged(received);
@@ -325,7 +322,7 @@ void tst_OptionLists::ptyMarks()
 
 void tst_OptionLists::ptyTapNamesThenChecksAndBeeps()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     PTYWidget list;
     list.show();
     QVERIFY(QTest::qWaitForWindowExposed(&list));
@@ -333,8 +330,7 @@ void tst_OptionLists::ptyTapNamesThenChecksAndBeeps()
     order.watch(&list, &PTYWidget::PTYSearchName, "PTYSearchName");
     order.watch(&list, &PTYWidget::PTYChecked, "PTYChecked");
     QSignalSpy checked(&list, &PTYWidget::PTYChecked);
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
     list.onPTYSelected(list.model()->index(3, 0));
     QCOMPARE(order.names(), (QStringList{"PTYSearchName", "PTYChecked"}));
     QCOMPARE(checked.first().at(0).toInt(), 4);
@@ -362,14 +358,14 @@ void tst_OptionLists::ptyValidity()
 {
     QFETCH(int, code);
     QFETCH(bool, valid);
-    m_state = std::make_unique<TestState>();
+    newState();
     PTYWidget list;
     QCOMPARE(list.isPTYValid(code), valid);
 }
 
 void tst_OptionLists::searchPopupStates()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     prefs()->setPTYSerchName(QStringLiteral("Rock Music"));
     prefs()->setPtySerchstate(3);
     PTYSearchWidget popup; // built in the middle of a search
@@ -405,7 +401,7 @@ void tst_OptionLists::searchPopupStates()
 
 void tst_OptionLists::searchPopupCloseIsTheLastThing()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     auto *popup = new PTYSearchWidget;
     popup->show();
     QVERIFY(QTest::qWaitForWindowExposed(popup));
@@ -415,8 +411,7 @@ void tst_OptionLists::searchPopupCloseIsTheLastThing()
         delete popup;
         deleted = true;
     });
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
     popup->onClose_0085();
     QVERIFY(deleted);
     QVERIFY(prefs()->closeClicked());

@@ -208,7 +208,7 @@ void tst_Preferences::defaultsComeFromTheDestinationsRegion()
     QCOMPARE(prefs()->band(), BAND_FM1);
     QCOMPARE(prefs()->band_AM(), BAND_AM1);
     QCOMPARE(prefs()->PTYSeachState(), 6);
-    QCOMPARE(prefs()->playFreqId(), destination == 2 ? kNoPreset : kNoPreset);
+    QCOMPARE(prefs()->playFreqId(), kNoPreset);
     // Nothing is written at start-up.
     QVERIFY(!QFile::exists(state.radioConf()));
 }

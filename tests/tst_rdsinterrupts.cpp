@@ -11,6 +11,7 @@
 #include "mainwindow.h"
 #include "preferences.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "tunerplayer.h"
 
 #include <QAbstractButton>
@@ -33,7 +34,7 @@ Preferences *prefs()
 
 } // namespace
 
-class tst_RdsInterrupts : public QObject
+class tst_RdsInterrupts : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -60,18 +61,14 @@ private:
     void makeWindow(const TestState::Vehicle &vehicle = TestState::Vehicle());
     TunerPlayer *player() const { return m_window->screenStack()->player(); }
     QLabel *label(const char *name) const { return player()->findChild<QLabel *>(QLatin1String(name)); }
-    QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
 
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
     std::unique_ptr<MainWindow> m_window;
     HostRecorder m_host;
 };
 
 void tst_RdsInterrupts::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
     cm::BaseWindow::setHost(&m_host);
 }
 
@@ -84,14 +81,13 @@ void tst_RdsInterrupts::cleanup()
 
 void tst_RdsInterrupts::makeWindow(const TestState::Vehicle &vehicle)
 {
-    m_state = std::make_unique<TestState>(vehicle);
+    newState(vehicle);
     m_window = std::make_unique<MainWindow>();
     m_window->onCreate();
     m_window->screenStack()->resize(800, 480);
     m_window->screenStack()->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window->screenStack()));
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
 }
 
 void tst_RdsInterrupts::stationName_data()
@@ -339,8 +335,7 @@ void tst_RdsInterrupts::popupKeepsTouchesFromTheScreen()
     m_window->start();
     m_window->onPiTpStatus(3);
     QVERIFY(player()->interruptPopup());
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
     QWidget *seek = player()->findChild<QWidget *>("Key_0029_seek_plus");
     const QPoint overSeek = seek->mapTo(m_window->screenStack(), seek->rect().center());
     QTest::mouseClick(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, overSeek);
@@ -360,8 +355,7 @@ void tst_RdsInterrupts::hiddenPopupIgnoresCancel()
     QVERIFY(popup);
     QSignalSpy cancelled(popup, &c35_011_interrupt_on_tuner::cancel);
     popup->hide();
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
     QTest::mouseClick(popup->findChild<QAbstractButton *>("Key_0347_cancel"), Qt::LeftButton);
     QCOMPARE(cancelled.count(), 0);
     QCOMPARE(mcuCalls(), QStringList());

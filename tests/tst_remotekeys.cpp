@@ -5,6 +5,7 @@
 #include "fakeservices.h"
 #include "preferences.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "tunerplayer.h"
 #include "tuneroptions.h"
 
@@ -23,7 +24,7 @@ Preferences *prefs()
 }
 } // namespace
 
-class tst_RemoteKeys : public QObject
+class tst_RemoteKeys : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -39,19 +40,14 @@ private slots:
     void presetKeyLongPressStores();
 
 private:
-    void makePlayer(bool shown = true);
-    QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
-    QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
+    void makePlayer(bool visible = true);
 
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
     std::unique_ptr<TunerPlayer> m_player;
 };
 
 void tst_RemoteKeys::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
 }
 
 void tst_RemoteKeys::cleanup()
@@ -60,16 +56,13 @@ void tst_RemoteKeys::cleanup()
     m_state.reset();
 }
 
-void tst_RemoteKeys::makePlayer(bool shown)
+void tst_RemoteKeys::makePlayer(bool visible)
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     m_player = std::make_unique<TunerPlayer>();
-    if (shown) {
-        m_player->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_player.get()));
-    }
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    if (visible)
+        QVERIFY(shown(m_player));
+    forgetCalls();
 }
 
 void tst_RemoteKeys::keyTable_data()
@@ -158,8 +151,7 @@ void tst_RemoteKeys::keyTable()
         QVERIFY(m_player->interruptState() == 3);
     }
     m_player->onWorkStatus(workStatus);
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
 
     QCOMPARE(m_player->onIrKeyEvent(key, state), consumed);
     QCOMPARE(radioCalls(), radio);
@@ -172,8 +164,7 @@ void tst_RemoteKeys::nextFromTheLastPresetChangesBand()
     makePlayer();
     prefs()->setBand(BAND_FM3);
     m_player->checkedId(5);
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
     QVERIFY(m_player->onIrKeyEvent(7, 1003));
     QCOMPARE(int(prefs()->band()), 0);
     QCOMPARE(prefs()->playFreqId(), 0);

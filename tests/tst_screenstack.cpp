@@ -9,6 +9,7 @@
 #include "ptysearchwidget.h"
 #include "ptywidget.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "warningcounter.h"
 #include "tunerplayer.h"
 #include "tuneroptions.h"
@@ -28,7 +29,7 @@ Preferences *prefs()
 }
 } // namespace
 
-class tst_ScreenStack : public QObject
+class tst_ScreenStack : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -52,23 +53,19 @@ private slots:
     void languageChangeIsSwallowed();
 
 private:
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
     std::unique_ptr<MainWidget> m_stack;
 };
 
 void tst_ScreenStack::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
 }
 
 void tst_ScreenStack::init()
 {
-    m_state = std::make_unique<TestState>();
+    newState();
     m_stack = std::make_unique<MainWidget>();
-    m_stack->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_stack.get()));
+    QVERIFY(shown(m_stack));
 }
 
 void tst_ScreenStack::cleanup()
@@ -224,8 +221,7 @@ void tst_ScreenStack::aSearchFromTheOptionList()
     m_stack->onShowOptionWnd();
     emit m_stack->optionList()->showPTYWidget();
     PTYWidget *list = m_stack->ptyList();
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    forgetCalls();
     list->onPTYSelected(list->model()->index(9, 0)); // Pop Music
     QCOMPARE(prefs()->PTYseachItem(), QStringLiteral("Pop Music"));
     QVERIFY(m_fakes->describedCalls(m_fakes->radio()).contains("ptySearch(10)"));

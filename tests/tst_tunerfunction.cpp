@@ -5,6 +5,7 @@
 #include "fakeservices.h"
 #include "preferences.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "timing.h"
 #include "tunerfunction.h"
 
@@ -32,7 +33,7 @@ tunerfunction *keys()
 
 } // namespace
 
-class tst_TunerFunction : public QObject
+class tst_TunerFunction : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -59,19 +60,16 @@ private slots:
 private:
     QStringList radioCalls();
 
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
 };
 
 void tst_TunerFunction::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
 }
 
 void tst_TunerFunction::init()
 {
-    m_state = std::make_unique<TestState>(); // EUR: FM 8750..10800 step 5
+    newState(); // EUR: FM 8750..10800 step 5
     m_fakes->clearCalls();
 }
 

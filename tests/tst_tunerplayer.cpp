@@ -6,6 +6,7 @@
 #include "preferences.h"
 #include "scrollmanage.h"
 #include "teststate.h"
+#include "tunerfixture.h"
 #include "timing.h"
 #include "tunerplayer.h"
 
@@ -26,7 +27,7 @@ Preferences *prefs()
 }
 } // namespace
 
-class tst_TunerPlayer : public QObject
+class tst_TunerPlayer : public QObject, private TunerFixture
 {
     Q_OBJECT
 
@@ -63,21 +64,16 @@ private:
     QLabel *label(const char *name) const { return m_player->findChild<QLabel *>(QLatin1String(name)); }
     QAbstractButton *button(const char *name) const { return m_player->findChild<QAbstractButton *>(QLatin1String(name)); }
     QString page() const { return m_player->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget()->objectName(); }
-    QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
-    QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
     void makePlayer(const TestState::Vehicle &vehicle = TestState::Vehicle());
     // Window-system input, as a touch: honours mouse transparency.
     void tapAt(QWidget *target);
 
-    std::unique_ptr<FakeServices> m_fakes;
-    std::unique_ptr<TestState> m_state;
     std::unique_ptr<TunerPlayer> m_player;
 };
 
 void tst_TunerPlayer::initTestCase()
 {
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
+    QVERIFY(startServices());
 }
 
 void tst_TunerPlayer::init()
@@ -93,12 +89,10 @@ void tst_TunerPlayer::cleanup()
 
 void tst_TunerPlayer::makePlayer(const TestState::Vehicle &vehicle)
 {
-    m_state = std::make_unique<TestState>(vehicle);
+    newState(vehicle);
     m_player = std::make_unique<TunerPlayer>();
-    m_player->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_player.get()));
-    m_fakes->settle();
-    m_fakes->clearCalls();
+    QVERIFY(shown(m_player));
+    forgetCalls();
 }
 
 void tst_TunerPlayer::tapAt(QWidget *target)

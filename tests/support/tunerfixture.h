@@ -1,0 +1,50 @@
+#pragma once
+
+#include "fakeservices.h"
+#include "teststate.h"
+
+#include <QTest>
+
+#include <memory>
+
+// What the tests of the tuner's screens and window share: the three fakes on
+// the test's private bus, started once per test binary, a fresh tuner state
+// per test, and what the fakes were called with.
+class TunerFixture
+{
+protected:
+    // From initTestCase().
+    bool startServices()
+    {
+        m_fakes = std::make_unique<FakeServices>();
+        return m_fakes->start();
+    }
+
+    void newState(const TestState::Vehicle &vehicle = TestState::Vehicle())
+    {
+        m_state = std::make_unique<TestState>(vehicle);
+    }
+
+#ifdef QT_WIDGETS_LIB
+    // Shows `widget` and waits until it is on screen.
+    template<typename Widget>
+    static bool shown(const std::unique_ptr<Widget> &widget)
+    {
+        widget->show();
+        return QTest::qWaitForWindowExposed(widget.get());
+    }
+#endif
+
+    // Lets start-up traffic arrive and forgets it.
+    void forgetCalls()
+    {
+        m_fakes->settle();
+        m_fakes->clearCalls();
+    }
+
+    QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
+    QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
+
+    std::unique_ptr<FakeServices> m_fakes;
+    std::unique_ptr<TestState> m_state;
+};

@@ -3,6 +3,7 @@
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "settingsutil.h"
+#include "tunerkeys.h"
 #include "tunerlog.h"
 #include "tunerplayer.h"
 #include "ui_c20_003_tuner.h"
@@ -105,7 +106,7 @@ void BandSwitch::enterFmPage(int page)
         TUNER_WAR() << page << "is not an FM page.";
         return;
     }
-    if (m_screen.m_initialised && m_screen.workStatus() == 0 && !m_screen.m_seeking)
+    if (m_screen.m_initialised && WorkStatus(m_screen.workStatus()) == WorkStatus::Idle && !m_screen.m_seeking)
         m_screen.clearRdsState();
     enter(page);
 }

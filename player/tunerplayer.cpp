@@ -337,7 +337,7 @@ void TunerPlayer::onScrollerState(QScroller::State state)
 void TunerPlayer::onAutoScan()
 {
     clearRdsState();
-    if (m_workStatus >= 1 && m_workStatus <= 5) {
+    if (WorkStatus(m_workStatus) != WorkStatus::Idle) {
         stopAndRetune();
         return;
     }
@@ -402,7 +402,7 @@ void TunerPlayer::stopAndRetune()
 bool TunerPlayer::startSeek(bool up)
 {
     clearRdsState();
-    if (m_workStatus >= int(WorkStatus::SeekUp) && m_workStatus <= int(WorkStatus::PtySearchDown)) {
+    if (isSeek(WorkStatus(m_workStatus)) || isPtySearch(WorkStatus(m_workStatus))) {
         stopAndRetune();
         return false;
     }
@@ -439,12 +439,12 @@ void TunerPlayer::onOptionMenu()
 
 bool TunerPlayer::onTerminate()
 {
-    if (m_workStatus == 1) {
+    const auto status = WorkStatus(m_workStatus);
+    if (status == WorkStatus::AutoStore) {
         m_radio->terminate();
         return true;
     }
-    if (m_workStatus == 2 || m_workStatus == 3 || prefs()->PTYSeachState() == 3 || m_workStatus == 4
-        || m_workStatus == 5) {
+    if (status != WorkStatus::Idle || prefs()->PTYSeachState() == kPtySearching) {
         stopAndRetune();
         return true;
     }
@@ -531,8 +531,8 @@ void TunerPlayer::onFrequencyChanged(int freq, int band)
 // The end of a search is shown a moment late, so that the final station report comes first.
 void TunerPlayer::onSeekState(int state)
 {
-    if (state == 0) {
-        m_workStatus = 0;
+    if (WorkStatus(state) == WorkStatus::Idle) {
+        m_workStatus = state;
         m_seekSettle->start(kSeekSettleMs);
         return;
     }
@@ -548,20 +548,21 @@ void TunerPlayer::onTimer()
 void TunerPlayer::onWorkStatus(int state)
 {
     m_workStatus = state;
+    const auto status = WorkStatus(state);
     const bool local = prefs()->isLocal();
-    if (state == 1)
+    if (status == WorkStatus::AutoStore)
         m_search.show(500, Translator::translate(45));
-    else if (state == 2)
+    else if (status == WorkStatus::SeekUp)
         m_search.show(400, Translator::translate(local ? 43 : 41));
-    else if (state == 3)
+    else if (status == WorkStatus::SeekDown)
         m_search.show(400, Translator::translate(local ? 44 : 42));
-    if (state == 0) {
+    if (status == WorkStatus::Idle) {
         m_search.stop();
         setValue(m_lastFreq);
         showRdsUnit();
     }
-    if (afTaTpSupported() && prefs()->isFM() && (state == 4 || state == 5)) {
-        m_search.show(500, Translator::translate(state == 4 ? 48 : 47));
+    if (afTaTpSupported() && prefs()->isFM() && isPtySearch(status)) {
+        m_search.show(500, Translator::translate(status == WorkStatus::PtySearchUp ? 48 : 47));
         prefs()->setPresetIndex(0);
         clearCurFreqId();
     }
@@ -608,9 +609,9 @@ void TunerPlayer::onSetRegional()
 void TunerPlayer::onSetLocal()
 {
     m_radio->config(prefs()->isLocal(), 1, 1);
-    if (m_workStatus == 1) {
+    if (WorkStatus(m_workStatus) == WorkStatus::AutoStore) {
         m_radio->terminate();
-    } else if (m_workStatus == 2 || m_workStatus == 3) {
+    } else if (isSeek(WorkStatus(m_workStatus))) {
         stopAndRetune();
     }
 }
@@ -618,9 +619,9 @@ void TunerPlayer::onSetLocal()
 void TunerPlayer::onSetPty(int value)
 {
     clearRdsState();
-    if (m_workStatus == 1) {
+    if (WorkStatus(m_workStatus) == WorkStatus::AutoStore) {
         m_radio->terminate();
-    } else if (m_workStatus == 2 || m_workStatus == 3) {
+    } else if (isSeek(WorkStatus(m_workStatus))) {
         stopAndRetune();
     }
     clearCurFreqId();
@@ -633,16 +634,12 @@ void TunerPlayer::onSetPty(int value)
 // A running search is only stopped, never stepped over.
 bool TunerPlayer::stopRunningSearch()
 {
-    const auto status = WorkStatus(m_workStatus);
-    if (status == WorkStatus::AutoStore || isPtySearch(status)) {
+    const SearchGate gate = searchGate(WorkStatus(m_workStatus));
+    if (gate == SearchGate::Stop)
         m_radio->terminate();
-        return true;
-    }
-    if (isSeek(status)) {
+    else if (gate == SearchGate::StopAndRetune)
         stopAndRetune();
-        return true;
-    }
-    return false;
+    return gate != SearchGate::Run;
 }
 
 } // namespace tuner

@@ -5,84 +5,45 @@
 
 namespace tuner {
 
-namespace {
-
-bool hasWindow(MainWindow *window)
-{
-    if (!window)
-        TUNER_WAR() << "no main window: create() was not called.";
-    return window != nullptr;
-}
-
-void startWindow(MainWindow *window)
-{
-    if (hasWindow(window))
-        window->start();
-}
-
-void stopWindow(MainWindow *window)
-{
-    if (hasWindow(window))
-        window->stop();
-}
-
-bool forwardKey(MainWindow *window, KeyEvent *event)
-{
-    return hasWindow(window) && window->sourceKeyEvent(event);
-}
-
-} // namespace
-
-TunerSource::TunerSource(MainWindow *window, QObject *parent)
+WindowSource::WindowSource(const QString &name, MainWindow *window, QObject *parent)
     : QObject(parent)
+    , m_name(name)
     , m_window(window)
 {
 }
 
-QString TunerSource::name() const
+bool WindowSource::hasWindow() const
 {
-    return QStringLiteral("tuner");
+    if (!m_window)
+        TUNER_WAR() << "no main window: create() was not called.";
+    return m_window != nullptr;
 }
 
-void TunerSource::start()
+void WindowSource::start()
 {
-    startWindow(m_window);
+    if (hasWindow())
+        m_window->start();
 }
 
-void TunerSource::stop()
+void WindowSource::stop()
 {
-    stopWindow(m_window);
+    if (hasWindow())
+        m_window->stop();
 }
 
-bool TunerSource::keyEvent(KeyEvent *event)
+bool WindowSource::keyEvent(KeyEvent *event)
 {
-    return forwardKey(m_window, event);
+    return hasWindow() && m_window->sourceKeyEvent(event);
+}
+
+TunerSource::TunerSource(MainWindow *window, QObject *parent)
+    : WindowSource(QStringLiteral("tuner"), window, parent)
+{
 }
 
 TASource::TASource(MainWindow *window, QObject *parent)
-    : QObject(parent)
-    , m_window(window)
+    : WindowSource(QStringLiteral("tunerta"), window, parent)
 {
-}
-
-QString TASource::name() const
-{
-    return QStringLiteral("tunerta");
-}
-
-void TASource::start()
-{
-    startWindow(m_window);
-}
-
-void TASource::stop()
-{
-    stopWindow(m_window);
-}
-
-bool TASource::keyEvent(KeyEvent *event)
-{
-    return forwardKey(m_window, event);
 }
 
 } // namespace tuner

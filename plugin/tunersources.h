@@ -8,38 +8,41 @@ namespace tuner {
 
 class MainWindow;
 
-// The tuner audio source and the traffic-announcement source. Both do the
-// same; the main window tells the cases apart from the services' state.
-class TunerSource : public QObject, public SourceInterface
+// A source of the host that starts, stops and feeds keys to the main window.
+class WindowSource : public QObject, public SourceInterface
 {
     Q_OBJECT
     Q_INTERFACES(SourceInterface)
 public:
-    TunerSource(MainWindow *window, QObject *parent);
-
-    QString name() const override;
+    QString name() const override { return m_name; }
     void start() override;
     void stop() override;
     bool keyEvent(KeyEvent *event) override;
 
+protected:
+    WindowSource(const QString &name, MainWindow *window, QObject *parent);
+
 private:
+    bool hasWindow() const;
+
+    QString m_name;
     MainWindow *m_window;
 };
 
-class TASource : public QObject, public SourceInterface
+// The tuner audio source and the traffic-announcement source. Both do the
+// same; the main window tells the cases apart from the services' state.
+class TunerSource : public WindowSource
 {
     Q_OBJECT
-    Q_INTERFACES(SourceInterface)
+public:
+    TunerSource(MainWindow *window, QObject *parent);
+};
+
+class TASource : public WindowSource
+{
+    Q_OBJECT
 public:
     TASource(MainWindow *window, QObject *parent);
-
-    QString name() const override;
-    void start() override;
-    void stop() override;
-    bool keyEvent(KeyEvent *event) override;
-
-private:
-    MainWindow *m_window;
 };
 
 } // namespace tuner

@@ -51,7 +51,7 @@ SimRadio::SimRadio(int destination, const StationList &stations, const QString &
     m_amStep = v.amStep;
     for (int b = 0; b < 5; ++b) {
         m_curFreq[b] = v.currFreq[b];
-        for (int i = 0; i < 6; ++i)
+        for (int i = 0; i < tuner::kPresetCount; ++i)
             m_presets[b][i] = v.presets[b][i];
     }
     std::fill(std::begin(m_presetAf), std::end(m_presetAf), true);
@@ -90,13 +90,13 @@ QString SimRadio::currentPs() const
 QString SimRadio::fmList()
 {
     record("fmList", {});
-    return joinInts(&m_presets[0][0], 18);
+    return joinInts(&m_presets[0][0], tuner::kFmBandCount * tuner::kPresetCount);
 }
 
 QString SimRadio::amList()
 {
     record("amList", {});
-    return joinInts(&m_presets[3][0], 12);
+    return joinInts(&m_presets[tuner::kFmBandCount][0], tuner::kAmBandCount * tuner::kPresetCount);
 }
 
 QString SimRadio::bandCurFreq()
@@ -108,14 +108,14 @@ QString SimRadio::bandCurFreq()
 QString SimRadio::bandPos()
 {
     record("bandPos", {});
-    return joinInts(m_presetPos, 5);
+    return joinInts(m_presetPos, tuner::kBandCount);
 }
 
 QString SimRadio::initAfTaList()
 {
     record("initAfTaList", {});
     QStringList codes;
-    for (int i = 0; i < 18; ++i)
+    for (int i = 0; i < tuner::kFmBandCount * tuner::kPresetCount; ++i)
         codes.append(QString::number((m_presetAf[i] ? 1 : 0) + (m_presetTa[i] ? 2 : 0)));
     return codes.join(QLatin1Char(';'));
 }
@@ -164,7 +164,7 @@ void SimRadio::tuneTo(int freq)
     stopSearches();
     m_curFreq[m_band] = qBound(low(m_band), freq, high(m_band));
     m_presetPos[m_band] = 0;
-    for (int i = 0; i < 6; ++i) {
+    for (int i = 0; i < tuner::kPresetCount; ++i) {
         if (m_presets[m_band][i] == m_curFreq[m_band]) {
             m_presetPos[m_band] = i + 1;
             break;
@@ -212,8 +212,8 @@ void SimRadio::setPreset(int value)
     tuneTo(m_presets[m_band][value]);
     m_presetPos[m_band] = value + 1;
     if (isFm(m_band)) {
-        m_af = m_presetAf[m_band * 6 + value];
-        m_ta = m_presetTa[m_band * 6 + value];
+        m_af = m_presetAf[m_band * tuner::kPresetCount + value];
+        m_ta = m_presetTa[m_band * tuner::kPresetCount + value];
     }
     saveState();
 }
@@ -226,8 +226,8 @@ void SimRadio::savePreset(int value)
     m_presets[m_band][value] = m_curFreq[m_band];
     m_presetPos[m_band] = value + 1;
     if (isFm(m_band)) {
-        m_presetAf[m_band * 6 + value] = m_af;
-        m_presetTa[m_band * 6 + value] = m_ta;
+        m_presetAf[m_band * tuner::kPresetCount + value] = m_af;
+        m_presetTa[m_band * tuner::kPresetCount + value] = m_ta;
     }
     saveState();
 }
@@ -282,9 +282,9 @@ void SimRadio::autoScan()
 // playing preset (or the first) onwards, in frequency order.
 void SimRadio::finishScan()
 {
-    const int last = isFm(m_band) ? 2 : 4;
+    const int last = isFm(m_band) ? tuner::kFmBandCount - 1 : tuner::kBandCount - 1;
     const int start = m_presetPos[m_band] > 0 ? m_presetPos[m_band] - 1 : 0;
-    const int capacity = (last - m_band) * 6 + (6 - start);
+    const int capacity = (last - m_band) * tuner::kPresetCount + (tuner::kPresetCount - start);
     QVector<Station> strongest = stationsOf(m_band);
     std::sort(strongest.begin(), strongest.end(), [](const Station &a, const Station &b) { return a.strength > b.strength; });
     strongest.resize(qMin(strongest.size(), capacity));
@@ -296,7 +296,7 @@ void SimRadio::finishScan()
     for (const Station &s : strongest) {
         m_presets[b][i] = s.freq;
         list.append(QString::number(s.freq));
-        if (++i == 6) {
+        if (++i == tuner::kPresetCount) {
             i = 0;
             ++b;
         }
@@ -493,9 +493,9 @@ void SimRadio::loadState()
         if (b < current.size())
             m_curFreq[b] = qBound(low(b), current.at(b).toInt(), high(b));
         if (b < positions.size())
-            m_presetPos[b] = qBound(0, positions.at(b).toInt(), 6);
+            m_presetPos[b] = qBound(0, positions.at(b).toInt(), tuner::kPresetCount);
         const QJsonArray row = presets.at(b).toArray();
-        for (int i = 0; i < 6 && i < row.size(); ++i)
+        for (int i = 0; i < tuner::kPresetCount && i < row.size(); ++i)
             m_presets[b][i] = row.at(i).toInt();
     }
     const QJsonArray af = o.value(QLatin1String("presetAf")).toArray();

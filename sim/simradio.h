@@ -1,6 +1,7 @@
 #pragma once
 
 #include "niloradioservicebackend.h"
+#include "region.h"
 #include "stationlist.h"
 
 #include <QTimer>
@@ -76,7 +77,7 @@ public:
     int workStateType() override { record("workStateType", {}); return m_work; }
 
 private:
-    static bool isFm(int band) { return band >= 0 && band <= 2; }
+    static bool isFm(int band) { return tuner::isFmBandNumber(band); }
     int low(int band) const { return isFm(band) ? m_fmLow : m_amLow; }
     int high(int band) const { return isFm(band) ? m_fmHigh : m_amHigh; }
     int step(int band) const { return isFm(band) ? m_fmStep : m_amStep; }
@@ -105,11 +106,11 @@ private:
     int m_fmLow = 8750, m_fmHigh = 10800, m_fmStep = 5;
     int m_amLow = 531, m_amHigh = 1602, m_amStep = 9;
     int m_band = 0;
-    int m_curFreq[5] = {};
-    int m_presets[5][6] = {};
-    int m_presetPos[5] = {}; // 1-based, 0 none
-    bool m_presetAf[18] = {};
-    bool m_presetTa[18] = {};
+    int m_curFreq[tuner::kBandCount] = {};
+    int m_presets[tuner::kBandCount][tuner::kPresetCount] = {};
+    int m_presetPos[tuner::kBandCount] = {}; // 1-based, 0 none
+    bool m_presetAf[tuner::kFmBandCount * tuner::kPresetCount] = {};
+    bool m_presetTa[tuner::kFmBandCount * tuner::kPresetCount] = {};
     bool m_local = false;
     bool m_regional = true;
     bool m_af = true;

@@ -24,7 +24,7 @@ bool validPreset(int index)
 // "Freq/FM0" .. "Freq/AM4": the group of a band under its own family's prefix.
 QString ownBandGroup(int band)
 {
-    return QStringLiteral("Freq/%1%2").arg(band <= BAND_FM3 ? QStringLiteral("FM") : QStringLiteral("AM")).arg(band);
+    return freqGroup(band <= BAND_FM3, band);
 }
 
 QString presetKey(const char *prefix, int index)
@@ -144,7 +144,7 @@ void Preferences::loadDate()
 QString Preferences::bandGroup(int bandNumber) const
 {
     // The prefix follows the current band, the number the band written.
-    return QStringLiteral("Freq/%1%2").arg(isFM() ? QStringLiteral("FM") : QStringLiteral("AM")).arg(bandNumber);
+    return freqGroup(isFM(), bandNumber);
 }
 
 template<typename T>

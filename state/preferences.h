@@ -100,7 +100,7 @@ public:
     void setPtyItem(int type) { m_ptyType = type; }
     void setPtySerchstate(int state) { m_ptySearchState = state; }
     void setWorkState(int state) { m_workState = state; }
-    void setAutoCount(int count) { m_autoCount = count; }
+    void setAutoCount(int count) { m_autoCount = count; } // part of the interface; nothing reads the count
     void setCurRdsName(const QString &name) { m_curRdsName = name; }
     void setCurPTYItem(const QString &item) { m_selectPty = item; }
     void setPTYSerchName(const QString &name) { m_ptySearchName = name; }
@@ -133,14 +133,12 @@ public:
     int rdsState() const { return m_rdsState; }
     int pty() const { return m_pty; }
     int presetIndex() const { return m_presetIndex; }
-    int autoCount() const { return m_autoCount; }
     QString curRdsName() const { return m_curRdsName; }
     QString selectPTY() const { return m_selectPty; }
     QString PTYseachItem() const { return m_ptySearchName; }
     int PTYtype() const { return m_ptyType; }
     int PTYSeachState() const { return m_ptySearchState; }
     int workState() const { return m_workState; }
-    Band presetBand() const { return m_presetBand; }
     Band btmband() const { return m_btmBand; }
     Band band() const { return m_band; }
     Band band_FM() const { return m_bandFM; }
@@ -158,7 +156,7 @@ public:
     int favoritBandAt(Band band, int index) const;
     bool fmTA(int index) const;
     bool fmAf(int index) const;
-    bool savePresetState(int index) const;
+    bool savePresetState(int index) const; // part of the interface; the tuner itself never asks
     QString rdsName(Band band, int index) const;
     QString bandName() const;
     int favorites(int *out, int count) const;
@@ -169,7 +167,7 @@ public:
 
     static int freqDetect(int freq, int min, int max, int step);
     static QString delControlChar(QString text);
-    static bool isFmBand(int band) { return band >= BAND_FM1 && band <= BAND_FM3; }
+    static bool isFmBand(int band) { return isFmBandNumber(band); }
     static bool isValidBand(int band) { return band >= BAND_FM1 && band <= BAND_AM2; }
 
 private:
@@ -222,11 +220,11 @@ private:
     QString m_curRdsName;
     QString m_selectPty;
     QString m_ptySearchName;
-    QString m_spare;
+    QString m_spare; // a field of the stored model without an accessor
     int m_ptyType = 0;
     int m_ptySearchState = 6;
     int m_workState = 0;
-    Band m_presetBand = BAND_FM1;
+    Band m_presetBand = BAND_FM1; // kept with the preset index; nothing reads it back
     Band m_btmBand = BAND_FM1;
     Band m_band = BAND_FM1;
     Band m_bandFM = BAND_FM1;

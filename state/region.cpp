@@ -2,6 +2,11 @@
 
 namespace tuner {
 
+QString freqGroup(bool fm, int band)
+{
+    return QStringLiteral("Freq/%1%2").arg(fm ? QStringLiteral("FM") : QStringLiteral("AM")).arg(band);
+}
+
 namespace {
 
 // Bands 1 and 2 start on the FM low edge and keep all presets there; band 4

@@ -10,6 +10,15 @@ constexpr int kFmBandCount = 3;
 constexpr int kAmBandCount = 2;
 constexpr int kPresetCount = 6;
 
+constexpr bool isFmBandNumber(int band)
+{
+    return band >= 0 && band < kFmBandCount;
+}
+
+// The radio.conf group of a band: "Freq/FM0" .. "Freq/AM4". The prefix names
+// a family and is given apart from the number.
+QString freqGroup(bool fm, int band);
+
 // One tuning variant of a region (chosen by the tuner step).
 struct tagTunerRegionVariant_T
 {

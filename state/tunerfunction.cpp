@@ -22,14 +22,9 @@ Preferences *prefs()
     return Preferences::getInstance();
 }
 
-bool busyAutoOrPty(int w)
+WorkStatus workStatus()
 {
-    return w == 1 || w == 4 || w == 5;
-}
-
-bool seeking(int w)
-{
-    return w == 2 || w == 3;
+    return WorkStatus(prefs()->workState());
 }
 
 } // namespace
@@ -62,31 +57,23 @@ tunerfunction::tunerfunction()
 
 // Seek and manual clicks: a running automatic store or PTY search is only
 // stopped; a running seek is stopped and the playing frequency tuned again.
-tunerfunction::Gate tunerfunction::seekGate() const
+SearchGate tunerfunction::seekGate() const
 {
-    const int w = prefs()->workState();
-    if (busyAutoOrPty(w) || prefs()->PTYSeachState() == kPtySearching)
-        return Gate::Stop;
-    if (seeking(w))
-        return Gate::StopAndRetune;
-    return Gate::Run;
+    return searchGate(workStatus(), prefs()->PTYSeachState() == kPtySearching);
 }
 
 // Preset stepping ignores a PTY search flag; only the work state counts.
-tunerfunction::Gate tunerfunction::presetGate() const
+SearchGate tunerfunction::presetGate() const
 {
-    const int w = prefs()->workState();
-    if (busyAutoOrPty(w))
-        return Gate::Stop;
-    return seeking(w) ? Gate::StopAndRetune : Gate::Run;
+    return searchGate(workStatus());
 }
 
-bool tunerfunction::stopSearch(Gate gate)
+bool tunerfunction::stopSearch(SearchGate gate)
 {
-    if (gate == Gate::Run)
+    if (gate == SearchGate::Run)
         return false;
     m_radio->terminate();
-    if (gate == Gate::StopAndRetune)
+    if (gate == SearchGate::StopAndRetune)
         m_radio->tune(prefs()->playFreq());
     return true;
 }
@@ -155,8 +142,8 @@ void tunerfunction::manualMinus()
 void tunerfunction::manualPressed(QBasicTimer &timer)
 {
     clearRdsState();
-    const int w = prefs()->workState();
-    if (w == 1 || seeking(w))
+    const WorkStatus status = workStatus();
+    if (status == WorkStatus::AutoStore || isSeek(status))
         m_radio->terminate();
     m_radio->keyLongPress(1);
     if (!timer.isActive())
@@ -293,8 +280,7 @@ void tunerfunction::presetSelect(int index)
         return;
     }
     Preferences *p = prefs();
-    const int w = p->workState();
-    if ((w >= 1 && w <= 5) || p->PTYSeachState() == kPtySearching) {
+    if (workStatus() != WorkStatus::Idle || p->PTYSeachState() == kPtySearching) {
         m_radio->terminate();
         return;
     }
@@ -334,8 +320,8 @@ void tunerfunction::changBand()
         m_radio->terminate();
         return;
     }
-    const int w = p->workState();
-    if (w >= 1 && w <= 3)
+    const WorkStatus status = workStatus();
+    if (status == WorkStatus::AutoStore || isSeek(status))
         m_radio->terminate();
     int next = p->band() + 1;
     if (next > BAND_AM2)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tunerkeys.h"
+
 #include <QBasicTimer>
 #include <QObject>
 
@@ -49,10 +51,9 @@ private:
         ~TFunction();
     };
 
-    enum class Gate { Run, Stop, StopAndRetune };
-    Gate seekGate() const;
-    Gate presetGate() const;
-    bool stopSearch(Gate gate);
+    SearchGate seekGate() const;
+    SearchGate presetGate() const;
+    bool stopSearch(SearchGate gate);
     void clearRdsState();
     void seek(bool up);
     void manualClicked(bool plus);

@@ -51,4 +51,18 @@ inline bool isPtySearch(WorkStatus status)
     return status == WorkStatus::PtySearchUp || status == WorkStatus::PtySearchDown;
 }
 
+// What a key does first to a search the service runs: nothing more (Run),
+// stop it (Stop), or stop it and tune the playing frequency again.
+enum class SearchGate { Run, Stop, StopAndRetune };
+
+// Automatic store and PTY search are stopped, a seek stopped and retuned.
+// `ptyFlagged`: the preferences say a PTY search runs (seek and manual keys
+// heed that; preset keys look at the work status only).
+inline SearchGate searchGate(WorkStatus status, bool ptyFlagged = false)
+{
+    if (status == WorkStatus::AutoStore || isPtySearch(status) || ptyFlagged)
+        return SearchGate::Stop;
+    return isSeek(status) ? SearchGate::StopAndRetune : SearchGate::Run;
+}
+
 } // namespace tuner

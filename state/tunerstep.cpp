@@ -29,7 +29,7 @@ void setTunerStep(int step)
         if (const tagTunerRegion_T *region = findRegionByName(regionName, Qt::CaseInsensitive)) {
             const tagTunerRegionVariant_T &v = region->variant[step];
             for (int b = 0; b < kBandCount; ++b) {
-                const QString group = QStringLiteral("Freq/%1%2/").arg(b < kFmBandCount ? QStringLiteral("FM") : QStringLiteral("AM")).arg(b);
+                const QString group = freqGroup(b < kFmBandCount, b) + QLatin1Char('/');
                 file.setValue(group + QLatin1String("CurrFreq"), v.currFreq[b]);
                 for (int i = 0; i < kPresetCount; ++i)
                     file.setValue(group + QStringLiteral("preset_%1").arg(i), v.presets[b][i]);

@@ -11,6 +11,7 @@
 #include "radioedge.h"
 #include "settingsutil.h"
 #include "tunerfunction.h"
+#include "tunerkeys.h"
 #include "tunerlog.h"
 #include "tuneroptions.h"
 
@@ -23,8 +24,6 @@ namespace {
 
 constexpr int kPresetRepeatMs = 1000;
 constexpr int kSourceTa = 6;
-
-enum Phase { Pressed = 1002, ShortReleased = 1003, LongPressed = 1004, LongReleased = 1005 };
 
 Preferences *prefs()
 {
@@ -43,12 +42,7 @@ bool afTaTpSupported()
 
 bool isPresetRepeatKey(int key)
 {
-    return key == 44 || key == 45 || key == 116 || key == 121;
-}
-
-bool isPresetUpKey(int key)
-{
-    return key == 44 || key == 121;
+    return keyRole(key) == KeyRole::PresetUp || keyRole(key) == KeyRole::PresetDown;
 }
 
 } // namespace
@@ -165,9 +159,9 @@ void MainWindow::timerEvent(QTimerEvent *event)
         m_repeatTimer.stop();
         return;
     }
-    if (prefs()->workState() == 1)
+    if (WorkStatus(prefs()->workState()) == WorkStatus::AutoStore)
         return;
-    if (isPresetUpKey(m_repeatKey))
+    if (keyRole(m_repeatKey) == KeyRole::PresetUp)
         keys()->presetUP();
     else
         keys()->presetDown();
@@ -248,7 +242,7 @@ void MainWindow::onAudioFocusChange(int focus)
     Preferences *p = prefs();
     m_active = false;
     m_radio->terminate();
-    if (p->workState() == 3 || p->workState() == 2)
+    if (isSeek(WorkStatus(p->workState())))
         m_radio->tune(p->playFreq());
     if (p->taOrAlarm() != INTERRUPT_NONE)
         McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
@@ -562,39 +556,37 @@ void MainWindow::cancelInterrupt()
 bool MainWindow::serveAlwaysKey(int key, int phase)
 {
     Preferences *p = prefs();
-    switch (key) {
-    case 66:
-    case 114:
-    case 163:
-    case 176:
-        if (phase != ShortReleased)
+    const KeyRole role = keyRole(key);
+    switch (role) {
+    case KeyRole::CancelInterrupt:
+        if (phase != Qx::KeyShortReleased)
             return false;
         cancelInterrupt();
         return true;
-    case 177:
-    case 178: {
-        const bool on = key == 178;
+    case KeyRole::AfOff:
+    case KeyRole::AfOn: {
+        const bool on = role == KeyRole::AfOn;
         p->setAf(on);
         m_radio->setAf(on);
         m_radio->rdsCtrl(p->ta(), on, p->regional());
         return false;
     }
-    case 179:
-    case 180: {
-        const bool on = key == 180;
+    case KeyRole::TaOff:
+    case KeyRole::TaOn: {
+        const bool on = role == KeyRole::TaOn;
         p->setTa(on);
         m_radio->rdsCtrl(on, p->af(), p->regional());
         m_radio->setTa(on);
         return false;
     }
-    case 181:
-    case 182: {
-        const bool on = key == 182;
+    case KeyRole::LocalOff:
+    case KeyRole::LocalOn: {
+        const bool on = role == KeyRole::LocalOn;
         p->setLocal(on);
         m_radio->config(on, 1, 1);
         return false;
     }
-    case 184:
+    case KeyRole::AmOrFm3:
         if (!m_mainWidget) {
             p->setBand(BAND_AM1);
             m_radio->setband(BAND_AM1);
@@ -606,7 +598,7 @@ bool MainWindow::serveAlwaysKey(int key, int phase)
             m_mainWidget->scrollToPage(BAND_AM1);
         }
         return false;
-    case 185:
+    case KeyRole::Fm1OrAm2:
         if (!m_mainWidget) {
             p->setBand(BAND_FM1);
             m_radio->setband(BAND_FM1);
@@ -623,66 +615,57 @@ bool MainWindow::serveAlwaysKey(int key, int phase)
     }
 }
 
+// The window's own answer to the tuner keys, when no screen took them. Unlike
+// the screen's remote keys, a press here is beeped but not consumed.
 bool MainWindow::serveTunerKey(int key, int phase)
 {
-    Preferences *p = prefs();
-    const bool idle = p->workState() != 1;
-    switch (key) {
-    case 7:
-    case 51:
-    case 117:
-    case 161:
-    case 8:
-    case 52:
-    case 118:
-    case 162: {
+    const auto status = WorkStatus(prefs()->workState());
+    const bool idle = status != WorkStatus::AutoStore;
+    const KeyRole role = keyRole(key);
+    switch (role) {
+    case KeyRole::PresetNext:
+    case KeyRole::PresetPrevious: {
         if (!idle)
             return false;
-        const bool up = key == 7 || key == 51 || key == 117 || key == 161;
-        if (phase == Pressed) {
+        const bool up = role == KeyRole::PresetNext;
+        if (phase == Qx::KeyPressed) {
             beep(0);
             return false;
         }
-        if (phase == ShortReleased) {
+        if (phase == Qx::KeyShortReleased) {
             up ? keys()->presetUP() : keys()->presetDown();
             return true;
         }
-        if (phase == LongPressed) {
+        if (phase == Qx::KeyLongPressed) {
             beep(1);
             up ? keys()->seekForward() : keys()->seekBackward();
             return true;
         }
         return false;
     }
-    case 33:
-    case 122:
-        if (phase == Pressed) {
+    case KeyRole::Band:
+        if (phase == Qx::KeyPressed) {
             beep(0);
             return false;
         }
-        if (phase == ShortReleased) {
+        if (phase == Qx::KeyShortReleased) {
             keys()->changBand();
             return true;
         }
         return false;
-    case 34:
-    case 35:
-    case 36:
-    case 37:
-    case 38:
-    case 39: {
-        const int preset = key - 34;
+    case KeyRole::PresetNumber: {
+        const int preset = presetOfKey(key);
         switch (phase) {
-        case Pressed:
+        case Qx::KeyPressed:
             beep(0);
             if (!idle)
                 keys()->presetSelect(preset);
             return true;
-        case ShortReleased:
+        case Qx::KeyShortReleased:
             if (idle)
                 keys()->presetSelect(preset);
             return true;
-        case LongPressed:
+        case Qx::KeyLongPressed:
             if (idle) {
                 beep(1);
                 keys()->savePreset(preset);
@@ -692,65 +675,61 @@ bool MainWindow::serveTunerKey(int key, int phase)
             return false;
         }
     }
-    case 44:
-    case 121:
-    case 45:
-    case 116: {
+    case KeyRole::PresetUp:
+    case KeyRole::PresetDown: {
         if (!idle)
             return false;
-        const bool up = isPresetUpKey(key);
+        const bool up = role == KeyRole::PresetUp;
         switch (phase) {
-        case Pressed:
+        case Qx::KeyPressed:
             beep(0);
             up ? keys()->presetUP() : keys()->presetDown();
             return true;
-        case LongPressed:
+        case Qx::KeyLongPressed:
             up ? keys()->presetUP() : keys()->presetDown();
             return true;
-        case ShortReleased:
-        case LongReleased:
+        case Qx::KeyShortReleased:
+        case Qx::KeyLongReleased:
             return true;
         default:
             return false;
         }
     }
-    case 46:
-    case 47: {
+    case KeyRole::SeekDown:
+    case KeyRole::SeekUp: {
         if (!idle)
             return false;
-        const bool plus = key == 47;
+        const bool plus = role == KeyRole::SeekUp;
         switch (phase) {
-        case Pressed:
+        case Qx::KeyPressed:
             beep(0);
             return false;
-        case ShortReleased:
+        case Qx::KeyShortReleased:
             plus ? keys()->seekForward() : keys()->seekBackward();
             return true;
-        case LongPressed:
+        case Qx::KeyLongPressed:
             beep(1);
             plus ? keys()->ManualPlusPressed() : keys()->ManualMinusPressed();
             return true;
-        case LongReleased:
+        case Qx::KeyLongReleased:
             plus ? keys()->ManualPlusReleased() : keys()->ManualMinusReleased();
             return true;
         default:
             return false;
         }
     }
-    case 125: {
-        const int w = p->workState();
-        if (w < 1 || w > 3)
+    case KeyRole::StopSearch:
+        if (status != WorkStatus::AutoStore && !isSeek(status))
             return false;
-        if (phase == Pressed) {
+        if (phase == Qx::KeyPressed) {
             beep(0);
             return true;
         }
-        if (phase == ShortReleased) {
+        if (phase == Qx::KeyShortReleased) {
             m_radio->terminate();
             return true;
         }
         return false;
-    }
     default:
         return false;
     }
@@ -765,10 +744,10 @@ bool MainWindow::sourceKeyEvent(KeyEvent *e)
     const int key = e->key();
     const int phase = e->type();
 
-    if (phase == ShortReleased || phase == LongReleased) {
+    if (phase == Qx::KeyShortReleased || phase == Qx::KeyLongReleased) {
         m_repeatTimer.stop();
         m_repeatKey = 0;
-    } else if (phase == LongPressed && isPresetRepeatKey(key) && !m_repeatTimer.isActive()) {
+    } else if (phase == Qx::KeyLongPressed && isPresetRepeatKey(key) && !m_repeatTimer.isActive()) {
         m_repeatTimer.start(kPresetRepeatMs, this);
         m_repeatKey = key;
     }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QDebug>
-#include <QThread>
+#include "hostlog.h"
 
-// Warnings read "[WAR] <thread> <function> <line> -- <values and text>", so a
-// field log can be grepped by level and traced back to the line that wrote it.
-#define TUNER_WAR() \
-    qWarning().noquote() << "[WAR]" << QThread::currentThreadId() << Q_FUNC_INFO << __LINE__ << "--"
+// The tuner warns in the head unit's format, "[WAR] <thread> <function>
+// <line> -- <values and text>", so a field log can be grepped by level and
+// traced back to the line that wrote it.
+#define TUNER_WAR() HOST_WAR()

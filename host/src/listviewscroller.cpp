@@ -1,9 +1,10 @@
 #include "listviewscroller.h"
 
+#include "scrollersetup.h"
+
 #include <QItemSelectionModel>
 #include <QListView>
 #include <QMouseEvent>
-#include <QScrollerProperties>
 
 namespace cm {
 
@@ -18,16 +19,10 @@ ListviewScroller::ListviewScroller(QListView *view, QObject *parent)
     // Fed from the viewport's mouse events below rather than grabGesture():
     // Qt never frees the gesture recognizer that each grab registers, and a
     // list is built anew every time its screen is shown.
-    m_scroller = QScroller::scroller(viewport);
+    m_scroller = touchScroller(viewport, false);
     // Real time, not the events' own stamps: a finger resting before it lifts
     // must not fling the list.
     m_clock.start();
-
-    QScrollerProperties properties = m_scroller->scrollerProperties();
-    properties.setScrollMetric(QScrollerProperties::HorizontalOvershootPolicy,
-                               QVariant::fromValue(QScrollerProperties::OvershootAlwaysOff));
-    properties.setScrollMetric(QScrollerProperties::MousePressEventDelay, 0);
-    m_scroller->setScrollerProperties(properties);
 
     connect(m_scroller, &QScroller::stateChanged, this, &ListviewScroller::onScrollerStateChanged);
     m_filtered = viewport;

@@ -1,9 +1,10 @@
 #include "scrollmanage.h"
 
+#include "scrollersetup.h"
+
 #include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QScrollerProperties>
 
 namespace cm {
 
@@ -19,16 +20,7 @@ ScrollManage::ScrollManage(QScrollArea *area, QObject *parent)
         return;
     QWidget *viewport = m_area->viewport();
     QScroller::grabGesture(viewport, QScroller::LeftMouseButtonGesture);
-    m_scroller = QScroller::scroller(viewport);
-
-    QScrollerProperties properties = m_scroller->scrollerProperties();
-    properties.setScrollMetric(QScrollerProperties::HorizontalOvershootPolicy,
-                               QVariant::fromValue(QScrollerProperties::OvershootAlwaysOff));
-    properties.setScrollMetric(QScrollerProperties::VerticalOvershootPolicy,
-                               QVariant::fromValue(QScrollerProperties::OvershootAlwaysOff));
-    // Buttons on the pages must see a press at once (long-press timers).
-    properties.setScrollMetric(QScrollerProperties::MousePressEventDelay, 0);
-    m_scroller->setScrollerProperties(properties);
+    m_scroller = touchScroller(viewport, true);
 
     connect(m_scroller, &QScroller::stateChanged, this, &ScrollManage::onScrollerStateChanged);
     m_filtered = m_area;

@@ -300,10 +300,11 @@ void tst_TunerFunction::presetSelectAppliesFlagsOnlyWithSupport()
 void tst_TunerFunction::manualHoldStepsAndTunesOnRelease()
 {
     prefs()->setWorkState(2);
+    const int start = prefs()->playFreq();
     keys()->ManualPlusPressed();
     QCOMPARE(radioCalls(), (QStringList{"terminate()", "keyLongPress(1)"}));
     // Each 300 ms tick moves the stored frequency only.
-    TUNER_VERIFY_AFTER_PERIOD(300, prefs()->playFreq() >= 8760);
+    TUNER_VERIFY_AFTER_PERIOD(300, prefs()->playFreq() > start);
     QCOMPARE(radioCalls().size(), 2);
     keys()->ManualPlusReleased();
     const int tuned = prefs()->playFreq();

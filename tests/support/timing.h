@@ -23,10 +23,10 @@ inline qint64 msUntil(const std::function<bool()> &happened, qint64 limitMs)
 }
 
 // A period pinned from both sides: not before 90 % of it (Qt's coarse timers
-// may fire up to 5 % early), and within half a period more plus scheduling slack.
+// may fire up to 5 % early), and within a quarter period more plus scheduling slack.
 inline bool withinPeriod(qint64 tookMs, int periodMs)
 {
-    return tookMs >= periodMs * 9 / 10 && tookMs <= periodMs * 3 / 2 + 250;
+    return tookMs >= periodMs * 9 / 10 && tookMs <= periodMs * 5 / 4 + 150;
 }
 
 } // namespace tuner::test

@@ -327,6 +327,16 @@ void TunerPlayer::setPresetTaAf(int id)
     m_radio->setAf(af);
 }
 
+void TunerPlayer::onButGroupClicked(int id)
+{
+    m_touch.clicked(id, false);
+}
+
+void TunerPlayer::onButGroupPressed(int id)
+{
+    m_touch.pressed(id);
+}
+
 // A swipe across the presets never stores one.
 void TunerPlayer::onScrollerState(QScroller::State state)
 {

@@ -8,8 +8,8 @@
 #include "presetpages.h"
 #include "presettouch.h"
 #include "rdsdisplay.h"
-#include "searchstatus.h"
 #include "remotekeys.h"
+#include "searchstatus.h"
 
 #include <QBasicTimer>
 #include <QList>
@@ -117,8 +117,8 @@ public slots:
     void onRdsName(QString name) { m_rds.showName(name); }
     void onTimer();
     void onScrollerState(QScroller::State);
-    void onButGroupClicked(int id) { m_touch.clicked(id, false); }
-    void onButGroupPressed(int id) { m_touch.pressed(id); }
+    void onButGroupClicked(int);
+    void onButGroupPressed(int);
     void onButGroupReleased(int) { m_touch.released(); }
     void onSetLocal();
     void onSetTa();

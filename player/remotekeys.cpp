@@ -26,11 +26,6 @@ bool validPreset(int id)
     return id >= 0 && id < kPresetCount;
 }
 
-// The option list is shown (2), the PTY search popup is up (4) or its end (5).
-constexpr int kOptionList = 2;
-constexpr int kPtySearchPopup = 4;
-constexpr int kPtySearchEnd = 5;
-
 } // namespace
 
 RemoteKeys::RemoteKeys(TunerPlayer &screen)
@@ -40,12 +35,12 @@ RemoteKeys::RemoteKeys(TunerPlayer &screen)
 
 bool RemoteKeys::keyEvent(int key, int phase)
 {
-    const bool shown = m_screen.isVisible() || g_TunerCurDSPL == kOptionList;
+    const bool shown = m_screen.isVisible() || g_TunerCurDSPL == DisplayOptionList;
     const bool popup = m_screen.interruptState() == 3 || m_screen.interruptState() == 5;
     const KeyRole role = keyRole(key);
     if (role == KeyRole::Band) {
-        const bool gate = (shown && !popup) || g_TunerCurDSPL == kPtySearchPopup
-                          || (g_TunerCurDSPL == kPtySearchEnd && !popup);
+        const bool gate = (shown && !popup) || g_TunerCurDSPL == DisplayPtySearching
+                          || (g_TunerCurDSPL == DisplayPtySearchEnded && !popup);
         return gate && bandKey(phase);
     }
     if (!shown || popup)

@@ -27,9 +27,17 @@ constexpr int kOptionItemCount = 6;
 // The option list's rows in display order (AF stands before TA on purpose).
 extern tagTunerOpItem_T tunerOpItems[kOptionItemCount];
 
-// Screen on display: 0 none, 1 tuner, 2 options, 3 PTY list, 4 PTY search
-// running, 5 PTY search finished.
+// The screen on display, one of TunerDisplay.
 Q_DECL_EXPORT extern int g_TunerCurDSPL;
+
+enum TunerDisplay {
+    DisplayNone = 0,
+    DisplayPlayer = 1,
+    DisplayOptionList = 2,
+    DisplayPtyList = 3,
+    DisplayPtySearching = 4, // the PTY search popup while the search runs
+    DisplayPtySearchEnded = 5,
+};
 
 // Rewrites the radio configuration below NILO_DIR (or beside the program)
 // with the named region's variant `step` (0 or 1).

@@ -28,7 +28,7 @@ MainWidget::MainWidget(QWidget *parent, RadioEdge *radioEdge)
     hideAllPage();
     if (Preferences::getInstance()->PTYSeachState() != kPtySearching) {
         m_player->show();
-        g_TunerCurDSPL = 1;
+        g_TunerCurDSPL = DisplayPlayer;
     } else {
         // A search was running when the window was last built: bring its popup back.
         onPTYSerchStatus(kPtySearching);
@@ -73,7 +73,7 @@ void MainWidget::onShowTunerPlayer()
     hideAllPage();
     m_player->show();
     m_player->highPreset();
-    g_TunerCurDSPL = 1;
+    g_TunerCurDSPL = DisplayPlayer;
 }
 
 void MainWidget::onShowOptionWnd()
@@ -90,7 +90,7 @@ void MainWidget::onShowOptionWnd()
     connect(m_player, SIGNAL(showOptionItem()), m_optionList, SLOT(onShowOptionItem()));
     m_optionList->show();
     m_optionReturnTimer.stop();
-    g_TunerCurDSPL = 2;
+    g_TunerCurDSPL = DisplayOptionList;
 }
 
 void MainWidget::onShowPTYWdiget()
@@ -112,7 +112,7 @@ void MainWidget::onShowPTYWdiget()
     m_searchDoneTimer.stop();
     if (m_searchStarted && !m_optionReturnTimer.isActive())
         m_optionReturnTimer.start(kReturnMs, this);
-    g_TunerCurDSPL = 3;
+    g_TunerCurDSPL = DisplayPtyList;
 }
 
 void MainWidget::showPTYSerch()
@@ -129,7 +129,7 @@ void MainWidget::onPTYSerchStatus(int id)
     case kPtySearching:
         showPTYSerch();
         m_searchPopup->hideCloseBtn();
-        g_TunerCurDSPL = 4;
+        g_TunerCurDSPL = DisplayPtySearching;
         m_searchStarted = true;
         m_optionReturnTimer.stop();
         break;
@@ -141,7 +141,7 @@ void MainWidget::onPTYSerchStatus(int id)
             showPTYSerch();
         }
         m_searchPopup->showCloseBtn();
-        g_TunerCurDSPL = 5;
+        g_TunerCurDSPL = DisplayPtySearchEnded;
         if (!m_searchDoneTimer.isActive())
             m_searchDoneTimer.start(kReturnMs, this);
         break;
@@ -165,7 +165,7 @@ void MainWidget::onListStateChange(QScroller::State state)
 {
     const QScroller::State previous = m_listState;
     m_listState = state;
-    if (!m_searchStarted || g_TunerCurDSPL != 3)
+    if (!m_searchStarted || g_TunerCurDSPL != DisplayPtyList)
         return;
     const auto moving = [](QScroller::State s) { return s == QScroller::Dragging || s == QScroller::Scrolling; };
     if (moving(state)) {

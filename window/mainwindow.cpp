@@ -194,7 +194,7 @@ void MainWindow::onDestroy()
     const bool searchWindow = currentWindow() == 9 || currentWindow() == 5 || currentWindow() == 3;
     if (searchWindow && prefs()->PTYSeachState() == kPtySearching)
         m_radio->terminate();
-    g_TunerCurDSPL = 0;
+    g_TunerCurDSPL = DisplayNone;
     if (m_mainWidget)
         m_mainWidget->hide();
     deleteDelay();
@@ -762,7 +762,7 @@ bool MainWindow::sourceKeyEvent(KeyEvent *e)
                            || (p->taOrAlarm() == INTERRUPT_ALARM && p->cancelAlarm());
     if (p->taOrAlarm() != INTERRUPT_NONE && !cancelled)
         return false;
-    if (g_TunerCurDSPL == 3 || g_TunerCurDSPL == 4)
+    if (g_TunerCurDSPL == DisplayPtyList || g_TunerCurDSPL == DisplayPtySearching)
         return false;
     return serveTunerKey(key, phase);
 }

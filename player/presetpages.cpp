@@ -16,11 +16,6 @@ namespace tuner {
 
 namespace {
 
-bool validPreset(int id)
-{
-    return id >= 0 && id < kPresetCount;
-}
-
 const char *const kPageImages[] = {
     ":/Resource/tuner/Icn_0067_page_fm1_n.png", ":/Resource/tuner/Icn_0067_page_fm2_n.png",
     ":/Resource/tuner/Icn_0067_page_fm3_n.png", ":/Resource/tuner/Icn_0067_page_am1_n.png",

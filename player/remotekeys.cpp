@@ -21,11 +21,6 @@ Preferences *prefs()
     return Preferences::getInstance();
 }
 
-bool validPreset(int id)
-{
-    return id >= 0 && id < kPresetCount;
-}
-
 } // namespace
 
 RemoteKeys::RemoteKeys(TunerPlayer &screen)

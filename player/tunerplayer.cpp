@@ -38,11 +38,6 @@ bool afTaTpSupported()
     return cm::SettingsUtil::instance()->getRdsAfTaTpSupport() == 1;
 }
 
-bool validPreset(int id)
-{
-    return id >= 0 && id <= 5;
-}
-
 // The form's point sizes are pixel sizes on the panel.
 Ui::c20_003_tuner *buildForm(QWidget *screen)
 {

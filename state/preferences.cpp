@@ -16,11 +16,6 @@ Preferences *Preferences::p_Instance = nullptr;
 
 namespace {
 
-bool validPreset(int index)
-{
-    return index >= 0 && index < kPresetCount;
-}
-
 // "Freq/FM0" .. "Freq/AM4": the group of a band under its own family's prefix.
 QString ownBandGroup(int band)
 {

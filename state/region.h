@@ -10,6 +10,12 @@ constexpr int kFmBandCount = 3;
 constexpr int kAmBandCount = 2;
 constexpr int kPresetCount = 6;
 
+// Presets are numbered 0..5 on every band.
+constexpr bool validPreset(int id)
+{
+    return id >= 0 && id < kPresetCount;
+}
+
 constexpr bool isFmBandNumber(int band)
 {
     return band >= 0 && band < kFmBandCount;

@@ -106,7 +106,7 @@ void BandSwitch::enterFmPage(int page)
         TUNER_WAR() << page << "is not an FM page.";
         return;
     }
-    if (m_screen.m_initialised && WorkStatus(m_screen.workStatus()) == WorkStatus::Idle && !m_screen.m_seeking)
+    if (m_screen.m_initialised && m_screen.status() == WorkStatus::Idle && !m_screen.m_seeking)
         m_screen.clearRdsState();
     enter(page);
 }

@@ -31,7 +31,7 @@ QWidget *ManualKeys::key(bool plus) const
 
 void ManualKeys::clicked(bool plus)
 {
-    const auto status = WorkStatus(m_screen.workStatus());
+    const auto status = m_screen.status();
     if (status == WorkStatus::AutoStore)
         return;
     m_screen.beep(0);
@@ -51,7 +51,7 @@ void ManualKeys::clicked(bool plus)
 
 void ManualKeys::pressed(bool plus)
 {
-    const auto status = WorkStatus(m_screen.workStatus());
+    const auto status = m_screen.status();
     if (status == WorkStatus::AutoStore)
         return;
     m_screen.beep(1);

@@ -26,7 +26,7 @@ PresetTouch::PresetTouch(TunerPlayer &screen)
 void PresetTouch::pressed(int id)
 {
     m_stored = false;
-    if (m_screen.workStatus() != int(WorkStatus::Idle))
+    if (m_screen.status() != WorkStatus::Idle)
         m_screen.stopAndRetune();
     m_hold.start(kHoldMs, this);
     m_pressed = id;
@@ -49,7 +49,7 @@ void PresetTouch::clicked(int id, bool fromKey)
     if (m_stored)
         return; // the hold already stored it
     Preferences *p = Preferences::getInstance();
-    const auto status = WorkStatus(m_screen.workStatus());
+    const auto status = m_screen.status();
     m_screen.beep(0);
     p->setNumberKeyInter(false);
     if (p->PTYSeachState() == kPtySearching || isPtySearch(status)) {
@@ -101,7 +101,7 @@ void PresetTouch::store(int id)
 {
     Preferences *p = Preferences::getInstance();
     const int freq = m_screen.lastFrequency();
-    if (m_screen.workStatus() != int(WorkStatus::Idle))
+    if (m_screen.status() != WorkStatus::Idle)
         m_screen.stopAndRetune();
     m_stored = true;
     m_screen.beep(1);

@@ -41,7 +41,7 @@ bool RemoteKeys::keyEvent(int key, int phase)
     if (!shown || popup)
         return false;
 
-    const bool store = m_screen.workStatus() == int(WorkStatus::AutoStore);
+    const bool store = m_screen.status() == WorkStatus::AutoStore;
     switch (role) {
     case KeyRole::PresetNext:
     case KeyRole::PresetPrevious:
@@ -69,7 +69,7 @@ bool RemoteKeys::bandKey(int phase)
     }
     if (phase != Qx::KeyShortReleased)
         return false;
-    const auto status = WorkStatus(m_screen.workStatus());
+    const auto status = m_screen.status();
     if (prefs()->PTYSeachState() == kPtySearching) {
         m_screen.m_radio->terminate();
         return true;
@@ -92,7 +92,7 @@ bool RemoteKeys::presetStepKey(bool up, int phase)
     case Qx::KeyLongPressed:
         m_screen.beep(1);
         prefs()->setPresetIndex(0);
-        if (isSeek(WorkStatus(m_screen.workStatus()))) {
+        if (isSeek(m_screen.status())) {
             m_screen.m_radio->terminate();
         } else {
             m_screen.clearCurFreqId();
@@ -113,7 +113,7 @@ bool RemoteKeys::presetNumberKey(int id, int phase)
         m_screen.m_touch.clicked(id, true);
         return true;
     case Qx::KeyLongPressed:
-        if (m_screen.workStatus() == int(WorkStatus::AutoStore))
+        if (m_screen.status() == WorkStatus::AutoStore)
             return false;
         storePreset(id);
         return true;
@@ -153,7 +153,7 @@ bool RemoteKeys::seekKey(bool up, int phase)
 
 bool RemoteKeys::stopKey(int phase)
 {
-    const auto status = WorkStatus(m_screen.workStatus());
+    const auto status = m_screen.status();
     if (status != WorkStatus::AutoStore && !isSeek(status))
         return false;
     if (phase == Qx::KeyPressed) {

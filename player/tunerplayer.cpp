@@ -342,7 +342,7 @@ void TunerPlayer::onScrollerState(QScroller::State state)
 void TunerPlayer::onAutoScan()
 {
     clearRdsState();
-    if (WorkStatus(m_workStatus) != WorkStatus::Idle) {
+    if (status() != WorkStatus::Idle) {
         stopAndRetune();
         return;
     }
@@ -407,7 +407,7 @@ void TunerPlayer::stopAndRetune()
 bool TunerPlayer::startSeek(bool up)
 {
     clearRdsState();
-    if (isSeek(WorkStatus(m_workStatus)) || isPtySearch(WorkStatus(m_workStatus))) {
+    if (isSeek(status()) || isPtySearch(status())) {
         stopAndRetune();
         return false;
     }
@@ -420,7 +420,7 @@ bool TunerPlayer::startSeek(bool up)
 void TunerPlayer::seek(bool up)
 {
     beep(0);
-    if (m_workStatus == int(WorkStatus::AutoStore) || !startSeek(up))
+    if (status() == WorkStatus::AutoStore || !startSeek(up))
         return;
     m_tuneRequested = true;
     m_seeking = true;
@@ -444,12 +444,11 @@ void TunerPlayer::onOptionMenu()
 
 bool TunerPlayer::onTerminate()
 {
-    const auto status = WorkStatus(m_workStatus);
-    if (status == WorkStatus::AutoStore) {
+    if (status() == WorkStatus::AutoStore) {
         m_radio->terminate();
         return true;
     }
-    if (status != WorkStatus::Idle || prefs()->PTYSeachState() == kPtySearching) {
+    if (status() != WorkStatus::Idle || prefs()->PTYSeachState() == kPtySearching) {
         stopAndRetune();
         return true;
     }
@@ -553,21 +552,21 @@ void TunerPlayer::onTimer()
 void TunerPlayer::onWorkStatus(int state)
 {
     m_workStatus = state;
-    const auto status = WorkStatus(state);
+    const auto reported = WorkStatus(state);
     const bool local = prefs()->isLocal();
-    if (status == WorkStatus::AutoStore)
+    if (reported == WorkStatus::AutoStore)
         m_search.show(500, Translator::translate(45));
-    else if (status == WorkStatus::SeekUp)
+    else if (reported == WorkStatus::SeekUp)
         m_search.show(400, Translator::translate(local ? 43 : 41));
-    else if (status == WorkStatus::SeekDown)
+    else if (reported == WorkStatus::SeekDown)
         m_search.show(400, Translator::translate(local ? 44 : 42));
-    if (status == WorkStatus::Idle) {
+    if (reported == WorkStatus::Idle) {
         m_search.stop();
         setValue(m_lastFreq);
         showRdsUnit();
     }
-    if (afTaTpSupported() && prefs()->isFM() && isPtySearch(status)) {
-        m_search.show(500, Translator::translate(status == WorkStatus::PtySearchUp ? 48 : 47));
+    if (afTaTpSupported() && prefs()->isFM() && isPtySearch(reported)) {
+        m_search.show(500, Translator::translate(reported == WorkStatus::PtySearchUp ? 48 : 47));
         prefs()->setPresetIndex(0);
         clearCurFreqId();
     }
@@ -614,9 +613,9 @@ void TunerPlayer::onSetRegional()
 void TunerPlayer::onSetLocal()
 {
     m_radio->config(prefs()->isLocal(), 1, 1);
-    if (WorkStatus(m_workStatus) == WorkStatus::AutoStore) {
+    if (status() == WorkStatus::AutoStore) {
         m_radio->terminate();
-    } else if (isSeek(WorkStatus(m_workStatus))) {
+    } else if (isSeek(status())) {
         stopAndRetune();
     }
 }
@@ -624,9 +623,9 @@ void TunerPlayer::onSetLocal()
 void TunerPlayer::onSetPty(int value)
 {
     clearRdsState();
-    if (WorkStatus(m_workStatus) == WorkStatus::AutoStore) {
+    if (status() == WorkStatus::AutoStore) {
         m_radio->terminate();
-    } else if (isSeek(WorkStatus(m_workStatus))) {
+    } else if (isSeek(status())) {
         stopAndRetune();
     }
     clearCurFreqId();
@@ -639,7 +638,7 @@ void TunerPlayer::onSetPty(int value)
 // A running search is only stopped, never stepped over.
 bool TunerPlayer::stopRunningSearch()
 {
-    const SearchGate gate = searchGate(WorkStatus(m_workStatus));
+    const SearchGate gate = searchGate(status());
     if (gate == SearchGate::Stop)
         m_radio->terminate();
     else if (gate == SearchGate::StopAndRetune)

@@ -10,6 +10,7 @@
 #include "rdsdisplay.h"
 #include "remotekeys.h"
 #include "searchstatus.h"
+#include "tunerkeys.h"
 
 #include <QBasicTimer>
 #include <QList>
@@ -93,6 +94,7 @@ public:
     void synchronise();
 
     int workStatus() const { return m_workStatus; }
+    WorkStatus status() const { return WorkStatus(m_workStatus); }
     int lastFrequency() const { return m_lastFreq; }
     int interruptState() const { return m_banner.state(); }
     c35_011_interrupt_on_tuner *interruptPopup() const { return m_banner.popup(); }

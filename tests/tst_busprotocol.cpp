@@ -73,284 +73,268 @@ class tst_BusProtocol : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_fakes = std::make_unique<FakeServices>();
+        QVERIFY(m_fakes->start());
+        m_proxies = std::make_unique<Proxies>();
+    }
 
-    void proxiesAddressTheServices();
-    void commandsArriveWithNameAndArguments_data();
-    void commandsArriveWithNameAndArguments();
-    void signalsReachTheProxy_data();
-    void signalsReachTheProxy();
-    void fakeSignalsFollowTheXml_data();
-    void fakeSignalsFollowTheXml();
-    void gettersReadTheServiceValues_data();
-    void gettersReadTheServiceValues();
+    void cleanup()
+    {
+        m_proxies.reset();
+        m_fakes.reset();
+    }
+
+    void proxiesAddressTheServices()
+    {
+        QCOMPARE(m_proxies->radio->service(), QStringLiteral("com.nilo.mcu"));
+        QCOMPARE(m_proxies->radio->path(), QStringLiteral("/RadioService"));
+        QCOMPARE(m_proxies->mcu->service(), QStringLiteral("com.nilo.mcu"));
+        QCOMPARE(m_proxies->mcu->path(), QStringLiteral("/McuService"));
+        QCOMPARE(m_proxies->source->service(), QStringLiteral("com.nilo.system"));
+        QCOMPARE(m_proxies->source->path(), QStringLiteral("/SourceService"));
+        for (QDBusAbstractInterface *proxy : {static_cast<QDBusAbstractInterface *>(m_proxies->radio.get()),
+                                              static_cast<QDBusAbstractInterface *>(m_proxies->mcu.get()),
+                                              static_cast<QDBusAbstractInterface *>(m_proxies->source.get())})
+            QCOMPARE(proxy->timeout(), tuner::bus::kCallTimeoutMs);
+    }
+
+    void commandsArriveWithNameAndArguments_data()
+    {
+        QTest::addColumn<Command>("command");
+        QTest::addColumn<QStringList>("radio");
+        QTest::addColumn<QStringList>("mcu");
+        QTest::addColumn<QStringList>("source");
+        const QStringList none;
+
+        QTest::newRow("no arguments, in order") << Command([](Proxies &p) {
+            p.radio->terminate();
+            p.radio->tune(8750);
+            p.radio->seekBackward();
+        }) << QStringList{"terminate()", "tune(8750)", "seekBackward()"} << none << none;
+        QTest::newRow("bool and ints") << Command([](Proxies &p) { p.radio->config(true, 1, 1); })
+                                       << QStringList{"config(true,1,1)"} << none << none;
+        QTest::newRow("six ints") << Command([](Proxies &p) { p.mcu->syncDatetime(2026, 11, 22, 18, 30, 5); }) << none
+                                  << QStringList{"syncDatetime(2026,11,22,18,30,5)"} << none;
+        QTest::newRow("string") << Command([](Proxies &p) { p.mcu->updateAppVersion(QStringLiteral("1.2")); }) << none
+                                << QStringList{"updateAppVersion(1.2)"} << none;
+        QTest::newRow("source, two ints") << Command([](Proxies &p) { p.source->onChangedTask(3, 6); }) << none << none
+                                          << QStringList{"onChangedTask(3,6)"};
+    }
+
+    void commandsArriveWithNameAndArguments()
+    {
+        QFETCH(Command, command);
+        QFETCH(QStringList, radio);
+        QFETCH(QStringList, mcu);
+        QFETCH(QStringList, source);
+
+        command(*m_proxies);
+        m_fakes->settle();
+        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), radio);
+        QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), mcu);
+        QCOMPARE(m_fakes->describedCalls(m_fakes->source()), source);
+    }
+
+    void signalsReachTheProxy_data()
+    {
+        QTest::addColumn<QByteArray>("signature");
+        QTest::addColumn<Emitter>("emitter");
+        QTest::addColumn<QVariantList>("expected");
+
+        const QVariantList initArgs{1, 3, QStringLiteral("8750;9000"), QStringLiteral("531"), 8750, 531, 0, 0, 2,
+                                    10800, 8750, 5, 1602, 531, 9, QStringLiteral("8750;9000;9100;531;531"),
+                                    QStringLiteral("1;0;0;2;0"), 1, 0};
+        QTest::newRow("19 arguments")
+            << QByteArray("initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)")
+            << Emitter([initArgs](FakeServices &f) {
+                   const auto &a = initArgs;
+                   emit f.radio()->initDate(a[0].toInt(), a[1].toInt(), a[2].toString(), a[3].toString(), a[4].toInt(),
+                                            a[5].toInt(), a[6].toInt(), a[7].toInt(), a[8].toInt(), a[9].toInt(),
+                                            a[10].toInt(), a[11].toInt(), a[12].toInt(), a[13].toInt(), a[14].toInt(),
+                                            a[15].toString(), a[16].toString(), a[17].toInt(), a[18].toInt());
+               })
+            << initArgs;
+        QTest::newRow("string") << QByteArray("ProgramName(QString)")
+                                << Emitter([](FakeServices &f) { emit f.radio()->ProgramName(QStringLiteral("NDR 2")); })
+                                << QVariantList{QStringLiteral("NDR 2")};
+        QTest::newRow("bool") << QByteArray("afEnableChanged(bool)")
+                              << Emitter([](FakeServices &f) { emit f.radio()->afEnableChanged(true); }) << QVariantList{true};
+        QTest::newRow("string and int") << QByteArray("aftaState(QString,int)")
+                                        << Emitter([](FakeServices &f) { emit f.radio()->aftaState(QStringLiteral("1;2;3"), 2); })
+                                        << QVariantList{QStringLiteral("1;2;3"), 2};
+        QTest::newRow("four ints") << QByteArray("bandChanged(int,int,int,int)")
+                                   << Emitter([](FakeServices &f) { emit f.radio()->bandChanged(3, 531, 1602, 9); })
+                                   << QVariantList{3, 531, 1602, 9};
+        QTest::newRow("two ints") << QByteArray("stationChanged(int,int)")
+                                  << Emitter([](FakeServices &f) { emit f.radio()->stationChanged(10170, 1); })
+                                  << QVariantList{10170, 1};
+    }
+
+    void signalsReachTheProxy()
+    {
+        QFETCH(QByteArray, signature);
+        QFETCH(Emitter, emitter);
+        QFETCH(QVariantList, expected);
+
+        QSignalSpy spy(m_proxies->radio.get(), QByteArray("2" + signature).constData());
+        QVERIFY(spy.isValid());
+        // A round trip after connecting: the bus has the match rule before the signal leaves.
+        tuner::bus::replyValue(m_proxies->radio->band(), "barrier");
+
+        m_fakes->inServiceThread([&] { emitter(*m_fakes); });
+        QVERIFY(spy.wait(2000));
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.first(), expected);
+    }
+
+    // The adaptors relay the fakes' signals by signature: one that drifts from
+    // the XML would compile and never arrive.
+    void fakeSignalsFollowTheXml_data()
+    {
+        QTest::addColumn<QString>("xml");
+        QTest::addColumn<int>("service"); // 0 radio, 1 mcu, 2 source
+        QTest::newRow("radio") << "nilo.RadioService.xml" << 0;
+        QTest::newRow("mcu") << "nilo.McuService.xml" << 1;
+        QTest::newRow("source") << "nilo.SourceService.xml" << 2;
+    }
+
+    void fakeSignalsFollowTheXml()
+    {
+        QFETCH(QString, xml);
+        QFETCH(int, service);
+        const ServiceBackend *backends[] = {m_fakes->radio(), m_fakes->mcu(), m_fakes->source()};
+        const QMetaObject *meta = backends[service]->metaObject();
+
+        const QStringList inXml = xmlSignals(QStringLiteral(TUNER_BUS_DIR "/") + xml);
+        QVERIFY(!inXml.isEmpty());
+        QStringList inBackend;
+        for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+            if (meta->method(i).methodType() == QMetaMethod::Signal)
+                inBackend << QString::fromLatin1(meta->method(i).methodSignature());
+        }
+        inBackend.sort();
+        QStringList expected = inXml;
+        expected.sort();
+        QCOMPARE(inBackend, expected);
+    }
+
+    void gettersReadTheServiceValues_data()
+    {
+        QTest::addColumn<Getter>("getter");
+        QTest::addColumn<QString>("member");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("int") << Getter([](Proxies &p) { return read(p.radio->bandId()); }) << "bandId" << QVariant(4);
+        QTest::newRow("negative int") << Getter([](Proxies &p) { return read(p.radio->seekType()); }) << "seekType" << QVariant(-1);
+        QTest::newRow("string, not ASCII") << Getter([](Proxies &p) { return read(p.radio->rdsProgramName()); })
+                                           << "rdsProgramName" << QVariant(QStringLiteral("Radio Ü"));
+        QTest::newRow("bool") << Getter([](Proxies &p) { return read(p.radio->isTaEnable()); }) << "isTaEnable" << QVariant(true);
+        QTest::newRow("mcu") << Getter([](Proxies &p) { return read(p.mcu->setupInfo()); }) << "setupInfo"
+                             << QVariant(QStringLiteral("dest=0"));
+        QTest::newRow("source") << Getter([](Proxies &p) { return read(p.source->currentWindow()); }) << "currentWindow"
+                                << QVariant(9);
+    }
+
+    void gettersReadTheServiceValues()
+    {
+        QFETCH(Getter, getter);
+        QFETCH(QString, member);
+        QFETCH(QVariant, value);
+
+        ServiceBackend *backend = member == QLatin1String("setupInfo")       ? static_cast<ServiceBackend *>(m_fakes->mcu())
+                                : member == QLatin1String("currentWindow") ? static_cast<ServiceBackend *>(m_fakes->source())
+                                                                            : m_fakes->radio();
+        backend->setAnswer(member, value);
+        QCOMPARE(getter(*m_proxies), value);
+    }
+
     // Hung and malformed services last: their unanswered calls outlive the test.
-    void failedGettersReadAsDefaults_data();
-    void failedGettersReadAsDefaults();
-    void hungServiceBoundsStartupGetters();
-    void serviceRestartIsFollowed();
+
+    void failedGettersReadAsDefaults_data()
+    {
+        QTest::addColumn<Getter>("getter");
+        QTest::addColumn<QString>("failure");
+        QTest::addColumn<QVariant>("expected");
+
+        const QList<QPair<const char *, Getter>> getters = {
+            {"int", [](Proxies &p) { return read(p.radio->bandId()); }},
+            {"string", [](Proxies &p) { return read(p.radio->fmList()); }},
+            {"bool", [](Proxies &p) { return read(p.radio->isAfEnable()); }},
+            {"source int", [](Proxies &p) { return read(p.source->currentWindow()); }},
+        };
+        const QVariant defaults[] = {QVariant(0), QVariant(QString()), QVariant(false), QVariant(0)};
+        for (const char *failure : {"absent", "hung", "malformed"}) {
+            for (int i = 0; i < getters.size(); ++i) {
+                QTest::addRow("%s service, %s getter", failure, getters[i].first)
+                    << getters[i].second << QString::fromLatin1(failure) << defaults[i];
+            }
+        }
+    }
+
+    void failedGettersReadAsDefaults()
+    {
+        QFETCH(Getter, getter);
+        QFETCH(QString, failure);
+        QFETCH(QVariant, expected);
+
+        // The value a healthy service would give must not leak through.
+        m_fakes->radio()->setAnswer(QStringLiteral("bandId"), 3);
+        m_fakes->radio()->setAnswer(QStringLiteral("fmList"), QStringLiteral("8750"));
+        m_fakes->radio()->setAnswer(QStringLiteral("isAfEnable"), true);
+        m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 9);
+        if (failure == QLatin1String("absent"))
+            m_fakes->stop();
+        for (ServiceBackend *b : {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
+            b->setHung(failure == QLatin1String("hung"));
+            b->setMalformed(failure == QLatin1String("malformed"));
+        }
+
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- test .* call failed")));
+        QCOMPARE(getter(*m_proxies), expected);
+    }
+
+    // The main window and the tuner screen read about two dozen getters at
+    // start-up; against a hung service each gives up after the bounded timeout.
+    void hungServiceBoundsStartupGetters()
+    {
+        constexpr int kStartupGetters = 24;
+        static_assert(kStartupGetters * tuner::bus::kCallTimeoutMs < 5000,
+                      "start-up against a hung service must stay below five seconds");
+        m_fakes->radio()->setHung(true);
+        m_fakes->radio()->setAnswer(QStringLiteral("fmMaxFreq"), 10800);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("call failed")));
+
+        QElapsedTimer clock;
+        clock.start();
+        const QDBusPendingReply<int> reply = m_proxies->radio->fmMaxFreq();
+        QCOMPARE(tuner::bus::replyValue(reply, "test"), 0);
+        QVERIFY(reply.isError());
+        qInfo("one getter against a hung service gave up after %lld ms", clock.elapsed());
+        QCOMPARE(m_fakes->radio()->callNames(), QStringList{"fmMaxFreq"});
+    }
+
+    // A service that goes away and comes back is reached again by the same proxy.
+    void serviceRestartIsFollowed()
+    {
+        m_fakes->radio()->setAnswer(QStringLiteral("bandId"), 2);
+        QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 2);
+        m_fakes->stop();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("call failed")));
+        QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 0);
+        QVERIFY(m_fakes->start());
+        QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 2);
+
+        QSignalSpy spy(m_proxies->radio.get(), SIGNAL(stationChanged(int,int)));
+        tuner::bus::replyValue(m_proxies->radio->band(), "barrier");
+        m_fakes->inServiceThread([&] { emit m_fakes->radio()->stationChanged(9000, 0); });
+        QVERIFY(spy.wait(2000));
+    }
 
 private:
     std::unique_ptr<FakeServices> m_fakes;
     std::unique_ptr<Proxies> m_proxies;
 };
-
-void tst_BusProtocol::init()
-{
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
-    m_proxies = std::make_unique<Proxies>();
-}
-
-void tst_BusProtocol::cleanup()
-{
-    m_proxies.reset();
-    m_fakes.reset();
-}
-
-void tst_BusProtocol::proxiesAddressTheServices()
-{
-    QCOMPARE(m_proxies->radio->service(), QStringLiteral("com.nilo.mcu"));
-    QCOMPARE(m_proxies->radio->path(), QStringLiteral("/RadioService"));
-    QCOMPARE(m_proxies->mcu->service(), QStringLiteral("com.nilo.mcu"));
-    QCOMPARE(m_proxies->mcu->path(), QStringLiteral("/McuService"));
-    QCOMPARE(m_proxies->source->service(), QStringLiteral("com.nilo.system"));
-    QCOMPARE(m_proxies->source->path(), QStringLiteral("/SourceService"));
-    for (QDBusAbstractInterface *proxy : {static_cast<QDBusAbstractInterface *>(m_proxies->radio.get()),
-                                          static_cast<QDBusAbstractInterface *>(m_proxies->mcu.get()),
-                                          static_cast<QDBusAbstractInterface *>(m_proxies->source.get())})
-        QCOMPARE(proxy->timeout(), tuner::bus::kCallTimeoutMs);
-}
-
-void tst_BusProtocol::commandsArriveWithNameAndArguments_data()
-{
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<QStringList>("radio");
-    QTest::addColumn<QStringList>("mcu");
-    QTest::addColumn<QStringList>("source");
-    const QStringList none;
-
-    QTest::newRow("no arguments, in order") << Command([](Proxies &p) {
-        p.radio->terminate();
-        p.radio->tune(8750);
-        p.radio->seekBackward();
-    }) << QStringList{"terminate()", "tune(8750)", "seekBackward()"} << none << none;
-    QTest::newRow("bool and ints") << Command([](Proxies &p) { p.radio->config(true, 1, 1); })
-                                   << QStringList{"config(true,1,1)"} << none << none;
-    QTest::newRow("six ints") << Command([](Proxies &p) { p.mcu->syncDatetime(2026, 11, 22, 18, 30, 5); }) << none
-                              << QStringList{"syncDatetime(2026,11,22,18,30,5)"} << none;
-    QTest::newRow("string") << Command([](Proxies &p) { p.mcu->updateAppVersion(QStringLiteral("1.2")); }) << none
-                            << QStringList{"updateAppVersion(1.2)"} << none;
-    QTest::newRow("source, two ints") << Command([](Proxies &p) { p.source->onChangedTask(3, 6); }) << none << none
-                                      << QStringList{"onChangedTask(3,6)"};
-}
-
-void tst_BusProtocol::commandsArriveWithNameAndArguments()
-{
-    QFETCH(Command, command);
-    QFETCH(QStringList, radio);
-    QFETCH(QStringList, mcu);
-    QFETCH(QStringList, source);
-
-    command(*m_proxies);
-    m_fakes->settle();
-    QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), radio);
-    QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), mcu);
-    QCOMPARE(m_fakes->describedCalls(m_fakes->source()), source);
-}
-
-void tst_BusProtocol::gettersReadTheServiceValues_data()
-{
-    QTest::addColumn<Getter>("getter");
-    QTest::addColumn<QString>("member");
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("int") << Getter([](Proxies &p) { return read(p.radio->bandId()); }) << "bandId" << QVariant(4);
-    QTest::newRow("negative int") << Getter([](Proxies &p) { return read(p.radio->seekType()); }) << "seekType" << QVariant(-1);
-    QTest::newRow("string, not ASCII") << Getter([](Proxies &p) { return read(p.radio->rdsProgramName()); })
-                                       << "rdsProgramName" << QVariant(QStringLiteral("Radio Ü"));
-    QTest::newRow("bool") << Getter([](Proxies &p) { return read(p.radio->isTaEnable()); }) << "isTaEnable" << QVariant(true);
-    QTest::newRow("mcu") << Getter([](Proxies &p) { return read(p.mcu->setupInfo()); }) << "setupInfo"
-                         << QVariant(QStringLiteral("dest=0"));
-    QTest::newRow("source") << Getter([](Proxies &p) { return read(p.source->currentWindow()); }) << "currentWindow"
-                            << QVariant(9);
-}
-
-void tst_BusProtocol::gettersReadTheServiceValues()
-{
-    QFETCH(Getter, getter);
-    QFETCH(QString, member);
-    QFETCH(QVariant, value);
-
-    ServiceBackend *backend = member == QLatin1String("setupInfo")       ? static_cast<ServiceBackend *>(m_fakes->mcu())
-                            : member == QLatin1String("currentWindow") ? static_cast<ServiceBackend *>(m_fakes->source())
-                                                                        : m_fakes->radio();
-    backend->setAnswer(member, value);
-    QCOMPARE(getter(*m_proxies), value);
-}
-
-void tst_BusProtocol::failedGettersReadAsDefaults_data()
-{
-    QTest::addColumn<Getter>("getter");
-    QTest::addColumn<QString>("failure");
-    QTest::addColumn<QVariant>("expected");
-
-    const QList<QPair<const char *, Getter>> getters = {
-        {"int", [](Proxies &p) { return read(p.radio->bandId()); }},
-        {"string", [](Proxies &p) { return read(p.radio->fmList()); }},
-        {"bool", [](Proxies &p) { return read(p.radio->isAfEnable()); }},
-        {"source int", [](Proxies &p) { return read(p.source->currentWindow()); }},
-    };
-    const QVariant defaults[] = {QVariant(0), QVariant(QString()), QVariant(false), QVariant(0)};
-    for (const char *failure : {"absent", "hung", "malformed"}) {
-        for (int i = 0; i < getters.size(); ++i) {
-            QTest::addRow("%s service, %s getter", failure, getters[i].first)
-                << getters[i].second << QString::fromLatin1(failure) << defaults[i];
-        }
-    }
-}
-
-void tst_BusProtocol::failedGettersReadAsDefaults()
-{
-    QFETCH(Getter, getter);
-    QFETCH(QString, failure);
-    QFETCH(QVariant, expected);
-
-    // The value a healthy service would give must not leak through.
-    m_fakes->radio()->setAnswer(QStringLiteral("bandId"), 3);
-    m_fakes->radio()->setAnswer(QStringLiteral("fmList"), QStringLiteral("8750"));
-    m_fakes->radio()->setAnswer(QStringLiteral("isAfEnable"), true);
-    m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 9);
-    if (failure == QLatin1String("absent"))
-        m_fakes->stop();
-    for (ServiceBackend *b : {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
-        b->setHung(failure == QLatin1String("hung"));
-        b->setMalformed(failure == QLatin1String("malformed"));
-    }
-
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- test .* call failed")));
-    QCOMPARE(getter(*m_proxies), expected);
-}
-
-// The main window and the tuner screen read about two dozen getters at
-// start-up; against a hung service each gives up after the bounded timeout.
-void tst_BusProtocol::hungServiceBoundsStartupGetters()
-{
-    constexpr int kStartupGetters = 24;
-    static_assert(kStartupGetters * tuner::bus::kCallTimeoutMs < 5000,
-                  "start-up against a hung service must stay below five seconds");
-    m_fakes->radio()->setHung(true);
-    m_fakes->radio()->setAnswer(QStringLiteral("fmMaxFreq"), 10800);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("call failed")));
-
-    QElapsedTimer clock;
-    clock.start();
-    const QDBusPendingReply<int> reply = m_proxies->radio->fmMaxFreq();
-    QCOMPARE(tuner::bus::replyValue(reply, "test"), 0);
-    QVERIFY(reply.isError());
-    qInfo("one getter against a hung service gave up after %lld ms", clock.elapsed());
-    QCOMPARE(m_fakes->radio()->callNames(), QStringList{"fmMaxFreq"});
-}
-
-void tst_BusProtocol::signalsReachTheProxy_data()
-{
-    QTest::addColumn<QByteArray>("signature");
-    QTest::addColumn<Emitter>("emitter");
-    QTest::addColumn<QVariantList>("expected");
-
-    const QVariantList initArgs{1, 3, QStringLiteral("8750;9000"), QStringLiteral("531"), 8750, 531, 0, 0, 2,
-                                10800, 8750, 5, 1602, 531, 9, QStringLiteral("8750;9000;9100;531;531"),
-                                QStringLiteral("1;0;0;2;0"), 1, 0};
-    QTest::newRow("19 arguments")
-        << QByteArray("initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)")
-        << Emitter([initArgs](FakeServices &f) {
-               const auto &a = initArgs;
-               emit f.radio()->initDate(a[0].toInt(), a[1].toInt(), a[2].toString(), a[3].toString(), a[4].toInt(),
-                                        a[5].toInt(), a[6].toInt(), a[7].toInt(), a[8].toInt(), a[9].toInt(),
-                                        a[10].toInt(), a[11].toInt(), a[12].toInt(), a[13].toInt(), a[14].toInt(),
-                                        a[15].toString(), a[16].toString(), a[17].toInt(), a[18].toInt());
-           })
-        << initArgs;
-    QTest::newRow("string") << QByteArray("ProgramName(QString)")
-                            << Emitter([](FakeServices &f) { emit f.radio()->ProgramName(QStringLiteral("NDR 2")); })
-                            << QVariantList{QStringLiteral("NDR 2")};
-    QTest::newRow("bool") << QByteArray("afEnableChanged(bool)")
-                          << Emitter([](FakeServices &f) { emit f.radio()->afEnableChanged(true); }) << QVariantList{true};
-    QTest::newRow("string and int") << QByteArray("aftaState(QString,int)")
-                                    << Emitter([](FakeServices &f) { emit f.radio()->aftaState(QStringLiteral("1;2;3"), 2); })
-                                    << QVariantList{QStringLiteral("1;2;3"), 2};
-    QTest::newRow("four ints") << QByteArray("bandChanged(int,int,int,int)")
-                               << Emitter([](FakeServices &f) { emit f.radio()->bandChanged(3, 531, 1602, 9); })
-                               << QVariantList{3, 531, 1602, 9};
-    QTest::newRow("two ints") << QByteArray("stationChanged(int,int)")
-                              << Emitter([](FakeServices &f) { emit f.radio()->stationChanged(10170, 1); })
-                              << QVariantList{10170, 1};
-}
-
-void tst_BusProtocol::signalsReachTheProxy()
-{
-    QFETCH(QByteArray, signature);
-    QFETCH(Emitter, emitter);
-    QFETCH(QVariantList, expected);
-
-    QSignalSpy spy(m_proxies->radio.get(), QByteArray("2" + signature).constData());
-    QVERIFY(spy.isValid());
-    // A round trip after connecting: the bus has the match rule before the signal leaves.
-    tuner::bus::replyValue(m_proxies->radio->band(), "barrier");
-
-    m_fakes->inServiceThread([&] { emitter(*m_fakes); });
-    QVERIFY(spy.wait(2000));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.first(), expected);
-}
-
-// The adaptors relay the fakes' signals by signature: one that drifts from
-// the XML would compile and never arrive.
-void tst_BusProtocol::fakeSignalsFollowTheXml_data()
-{
-    QTest::addColumn<QString>("xml");
-    QTest::addColumn<int>("service"); // 0 radio, 1 mcu, 2 source
-    QTest::newRow("radio") << "nilo.RadioService.xml" << 0;
-    QTest::newRow("mcu") << "nilo.McuService.xml" << 1;
-    QTest::newRow("source") << "nilo.SourceService.xml" << 2;
-}
-
-void tst_BusProtocol::fakeSignalsFollowTheXml()
-{
-    QFETCH(QString, xml);
-    QFETCH(int, service);
-    const ServiceBackend *backends[] = {m_fakes->radio(), m_fakes->mcu(), m_fakes->source()};
-    const QMetaObject *meta = backends[service]->metaObject();
-
-    const QStringList inXml = xmlSignals(QStringLiteral(TUNER_BUS_DIR "/") + xml);
-    QVERIFY(!inXml.isEmpty());
-    QStringList inBackend;
-    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
-        if (meta->method(i).methodType() == QMetaMethod::Signal)
-            inBackend << QString::fromLatin1(meta->method(i).methodSignature());
-    }
-    inBackend.sort();
-    QStringList expected = inXml;
-    expected.sort();
-    QCOMPARE(inBackend, expected);
-}
-
-// A service that goes away and comes back is reached again by the same proxy.
-void tst_BusProtocol::serviceRestartIsFollowed()
-{
-    m_fakes->radio()->setAnswer(QStringLiteral("bandId"), 2);
-    QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 2);
-    m_fakes->stop();
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("call failed")));
-    QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 0);
-    QVERIFY(m_fakes->start());
-    QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 2);
-
-    QSignalSpy spy(m_proxies->radio.get(), SIGNAL(stationChanged(int,int)));
-    tuner::bus::replyValue(m_proxies->radio->band(), "barrier");
-    m_fakes->inServiceThread([&] { emit m_fakes->radio()->stationChanged(9000, 0); });
-    QVERIFY(spy.wait(2000));
-}
 
 QTEST_GUILESS_MAIN(tst_BusProtocol)
 #include "tst_busprotocol.moc"

@@ -14,26 +14,194 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+static bool serviceUp(const QString &name)
+{
+    return QDBusConnection::sessionBus().interface()->isServiceRegistered(name).value();
+}
+
 class tst_EndToEnd : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("TUNER_ROOT"), m_dir.path());
+        env.insert(QStringLiteral("NILO_VEHICLE_CONF"), m_dir.path() + QStringLiteral("/vehicle.ini"));
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        m_sim.setProcessEnvironment(env);
+        m_host.setProcessEnvironment(env);
+        m_sim.setProcessChannelMode(QProcess::MergedChannels);
+        m_host.setProcessChannelMode(QProcess::ForwardedChannels);
 
-    void startsOnTheRegionsFirstFrequency();
-    void seekKeyLandsOnTheNextStation();
-    void touchSeekAndHoldAPreset();
-    void trafficAnnouncementIsCancelled();
-    void optionsAndAPtySearch();
-    void screenshotIsAPng();
-    void destroyAsksTheHostForDeletion();
-    void quitEndsTheHost();
+        m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
+        QVERIFY(m_sim.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("com.nilo.mcu")), 10000);
+        m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
+        QVERIFY(m_host.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("nilo.TunerHost")), 15000);
+
+        m_automation = std::make_unique<QDBusInterface>(QStringLiteral("nilo.TunerHost"), QStringLiteral("/Host"),
+                                                        QStringLiteral("nilo.TunerHost"), QDBusConnection::sessionBus());
+        m_simControl = std::make_unique<QDBusInterface>(QStringLiteral("com.nilo.mcu"), QStringLiteral("/Simulator"),
+                                                        QStringLiteral("nilo.Simulator"), QDBusConnection::sessionBus());
+        QVERIFY(m_automation->isValid());
+    }
+
+    void cleanupTestCase()
+    {
+        if (m_host.state() != QProcess::NotRunning) {
+            m_host.kill();
+            m_host.waitForFinished();
+        }
+        m_sim.terminate();
+        if (!m_sim.waitForFinished(3000))
+            m_sim.kill();
+    }
+
+    void startsOnTheRegionsFirstFrequency()
+    {
+        QCOMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("87.50"));
+        QCOMPARE(text(QStringLiteral("Txt_0036_rds_unit")), QStringLiteral("MHz"));
+        const QJsonObject freq = widget(QStringLiteral("Txt_0035_rds_freq"));
+        QVERIFY(freq.value("w").toInt() > 0 && freq.value("x").toInt() >= 0);
+    }
+
+    void seekKeyLandsOnTheNextStation()
+    {
+        // The tuner screen takes the key (and beeps) before the main window would.
+        const QDBusReply<bool> down = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1002);
+        QCOMPARE(down.value(), true);
+        const QDBusReply<bool> release = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1003);
+        QCOMPARE(release.value(), true);
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("88.00"), 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0037_rds_name")), QStringLiteral("BBC R2"), 10000);
+        // The beep went to the MCU service.
+        QTRY_VERIFY(simLog().contains("mcu: triggerBeep 0"));
+    }
+
+    void touchSeekAndHoldAPreset()
+    {
+        const QPoint seek = centreOf(QStringLiteral("Key_0029_seek_plus"));
+        m_automation->call(QStringLiteral("tap"), seek.x(), seek.y());
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("89.30"), 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0037_rds_name")), QStringLiteral("NDR 2"), 10000);
+
+        // Held for 1500 ms, a preset takes the playing station.
+        const QPoint preset = centreOf(QStringLiteral("Key_0032_p3"));
+        m_automation->call(QStringLiteral("press"), preset.x(), preset.y());
+        const QString conf = m_dir.path() + QStringLiteral("/system/etc/radio.conf");
+        QTRY_COMPARE_WITH_TIMEOUT(QSettings(conf, QSettings::IniFormat).value("Freq/FM0/preset_2").toInt(), 8930, 5000);
+        m_automation->call(QStringLiteral("release"), preset.x(), preset.y());
+        QVERIFY(widget(QStringLiteral("Key_0032_p3")).value("checked").toBool());
+        QTRY_VERIFY(simLog().contains("mcu: triggerBeep 1"));
+    }
+
+    void trafficAnnouncementIsCancelled()
+    {
+        m_simControl->call(QStringLiteral("startTrafficAnnouncement"));
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Traffic"), 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("mcu: updateAudioStatus 7"), 10000);
+
+        const QPoint cancel = centreOf(QStringLiteral("Key_0347_cancel"));
+        m_automation->call(QStringLiteral("tap"), cancel.x(), cancel.y());
+        QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("mcu: updateAudioStatus 8"), 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("radio: taAlarmCancel 1"), 10000);
+        QTRY_VERIFY(widget(QStringLiteral("Txt_0021_interrupt")).isEmpty());
+        const QDBusReply<QString> events = m_automation->call(QStringLiteral("hostEvents"));
+        QVERIFY2(events.value().contains(QLatin1String("{\"type\":1008,\"value\":5}")), qPrintable(events.value()));
+        m_simControl->call(QStringLiteral("endTrafficAnnouncement"));
+
+        // An alarm comes and goes by itself.
+        m_simControl->call(QStringLiteral("startAlarm"));
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Alarm"), 10000);
+        m_simControl->call(QStringLiteral("endAlarm"));
+        QTRY_VERIFY_WITH_TIMEOUT(widget(QStringLiteral("Txt_0021_interrupt")).isEmpty(), 10000);
+    }
+
+    void optionsAndAPtySearch()
+    {
+        const auto tap = [this](int x, int y) { m_automation->call(QStringLiteral("tap"), x, y); };
+        const auto simState = [this] {
+            const QDBusReply<QString> state = m_simControl->call(QStringLiteral("state"));
+            return QJsonDocument::fromJson(state.value().toUtf8()).object();
+        };
+        const bool taBefore = simState().value("ta").toBool();
+
+        const QPoint options = centreOf(QStringLiteral("Key_0025_option_menu"));
+        tap(options.x(), options.y());
+        QTRY_COMPARE(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"));
+        tap(400, 365); // the TA row, fourth of the list
+        QTRY_COMPARE(simState().value("ta").toBool(), !taBefore);
+
+        // Drag the list up to its last row, PTY, and open the PTY list.
+        m_automation->call(QStringLiteral("press"), 400, 440);
+        for (int y = 420; y >= 300; y -= 20)
+            m_automation->call(QStringLiteral("move"), 400, y);
+        QTest::qWait(300); // let the finger rest, so the release does not fling
+        m_automation->call(QStringLiteral("release"), 400, 300);
+        QTest::qWait(800);
+        tap(400, 436);
+        QTRY_COMPARE(text(QStringLiteral("Txt_0090_title")), QStringLiteral("PTY"));
+
+        // Information (code 3): the simulator has one such station, BBC R4 on 93.10.
+        m_simControl->call(QStringLiteral("setTimeScale"), 100);
+        tap(400, 295);
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0110_line1")), QStringLiteral("Searching"), 5000);
+        QCOMPARE(text(QStringLiteral("Txt_0111_line2")), QStringLiteral("Information"));
+        QTRY_VERIFY_WITH_TIMEOUT(widget(QStringLiteral("Txt_0110_line1")).isEmpty(), 10000); // found: the popup goes
+        QCOMPARE(text(QStringLiteral("Txt_0090_title")), QStringLiteral("PTY"));
+        QTRY_COMPARE_WITH_TIMEOUT(simState().value("frequency").toInt(), 9310, 5000);
+        m_simControl->call(QStringLiteral("setTimeScale"), 10);
+        // Five seconds later the option list is back.
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"), 8000);
+        const QPoint back = centreOf(QStringLiteral("Key_0375_back"));
+        tap(back.x(), back.y());
+        QTRY_COMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("93.10"));
+    }
+
+    void screenshotIsAPng()
+    {
+        const QString path = m_dir.path() + QStringLiteral("/shot.png");
+        const QDBusReply<bool> saved = m_automation->call(QStringLiteral("screenshot"), path);
+        QVERIFY(saved.value());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
+    }
+
+    void destroyAsksTheHostForDeletion()
+    {
+        m_automation->call(QStringLiteral("lifecycle"), QStringLiteral("onDestroy"));
+        QTRY_VERIFY(QDBusReply<QString>(m_automation->call(QStringLiteral("hostEvents"))).value().contains("deleteDelay"));
+    }
+
+    void quitEndsTheHost()
+    {
+        m_automation->call(QStringLiteral("quit"));
+        QVERIFY(m_host.waitForFinished(10000));
+        QCOMPARE(m_host.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(m_host.exitCode(), 0);
+    }
 
 private:
-    QJsonObject widget(const QString &name);
-    QPoint centreOf(const QString &name);
+    QJsonObject widget(const QString &name)
+    {
+        const QDBusReply<QString> reply = m_automation->call(QStringLiteral("widgets"));
+        for (const QJsonValue &value : QJsonDocument::fromJson(reply.value().toUtf8()).array()) {
+            if (value.toObject().value(QStringLiteral("name")).toString() == name)
+                return value.toObject();
+        }
+        return QJsonObject();
+    }
+
+    QPoint centreOf(const QString &name)
+    {
+        const QJsonObject w = widget(name);
+        return QPoint(w.value("x").toInt() + w.value("w").toInt() / 2, w.value("y").toInt() + w.value("h").toInt() / 2);
+    }
+
     QString text(const QString &name) { return widget(name).value(QStringLiteral("text")).toString(); }
     // Everything the simulator has printed so far (the MCU logs each request).
     const QByteArray &simLog() { return m_simLog += m_sim.readAll(); }
@@ -45,188 +213,6 @@ private:
     std::unique_ptr<QDBusInterface> m_automation;
     std::unique_ptr<QDBusInterface> m_simControl;
 };
-
-static bool serviceUp(const QString &name)
-{
-    return QDBusConnection::sessionBus().interface()->isServiceRegistered(name).value();
-}
-
-void tst_EndToEnd::initTestCase()
-{
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("TUNER_ROOT"), m_dir.path());
-    env.insert(QStringLiteral("NILO_VEHICLE_CONF"), m_dir.path() + QStringLiteral("/vehicle.ini"));
-    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    m_sim.setProcessEnvironment(env);
-    m_host.setProcessEnvironment(env);
-    m_sim.setProcessChannelMode(QProcess::MergedChannels);
-    m_host.setProcessChannelMode(QProcess::ForwardedChannels);
-
-    m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
-    QVERIFY(m_sim.waitForStarted());
-    QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("com.nilo.mcu")), 10000);
-    m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
-    QVERIFY(m_host.waitForStarted());
-    QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("nilo.TunerHost")), 15000);
-
-    m_automation = std::make_unique<QDBusInterface>(QStringLiteral("nilo.TunerHost"), QStringLiteral("/Host"),
-                                                    QStringLiteral("nilo.TunerHost"), QDBusConnection::sessionBus());
-    m_simControl = std::make_unique<QDBusInterface>(QStringLiteral("com.nilo.mcu"), QStringLiteral("/Simulator"),
-                                                    QStringLiteral("nilo.Simulator"), QDBusConnection::sessionBus());
-    QVERIFY(m_automation->isValid());
-}
-
-void tst_EndToEnd::cleanupTestCase()
-{
-    if (m_host.state() != QProcess::NotRunning) {
-        m_host.kill();
-        m_host.waitForFinished();
-    }
-    m_sim.terminate();
-    if (!m_sim.waitForFinished(3000))
-        m_sim.kill();
-}
-
-QJsonObject tst_EndToEnd::widget(const QString &name)
-{
-    const QDBusReply<QString> reply = m_automation->call(QStringLiteral("widgets"));
-    for (const QJsonValue &value : QJsonDocument::fromJson(reply.value().toUtf8()).array()) {
-        if (value.toObject().value(QStringLiteral("name")).toString() == name)
-            return value.toObject();
-    }
-    return QJsonObject();
-}
-
-QPoint tst_EndToEnd::centreOf(const QString &name)
-{
-    const QJsonObject w = widget(name);
-    return QPoint(w.value("x").toInt() + w.value("w").toInt() / 2, w.value("y").toInt() + w.value("h").toInt() / 2);
-}
-
-void tst_EndToEnd::touchSeekAndHoldAPreset()
-{
-    const QPoint seek = centreOf(QStringLiteral("Key_0029_seek_plus"));
-    m_automation->call(QStringLiteral("tap"), seek.x(), seek.y());
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("89.30"), 10000);
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0037_rds_name")), QStringLiteral("NDR 2"), 10000);
-
-    // Held for 1500 ms, a preset takes the playing station.
-    const QPoint preset = centreOf(QStringLiteral("Key_0032_p3"));
-    m_automation->call(QStringLiteral("press"), preset.x(), preset.y());
-    const QString conf = m_dir.path() + QStringLiteral("/system/etc/radio.conf");
-    QTRY_COMPARE_WITH_TIMEOUT(QSettings(conf, QSettings::IniFormat).value("Freq/FM0/preset_2").toInt(), 8930, 5000);
-    m_automation->call(QStringLiteral("release"), preset.x(), preset.y());
-    QVERIFY(widget(QStringLiteral("Key_0032_p3")).value("checked").toBool());
-    QTRY_VERIFY(simLog().contains("mcu: triggerBeep 1"));
-}
-
-void tst_EndToEnd::startsOnTheRegionsFirstFrequency()
-{
-    QCOMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("87.50"));
-    QCOMPARE(text(QStringLiteral("Txt_0036_rds_unit")), QStringLiteral("MHz"));
-    const QJsonObject freq = widget(QStringLiteral("Txt_0035_rds_freq"));
-    QVERIFY(freq.value("w").toInt() > 0 && freq.value("x").toInt() >= 0);
-}
-
-void tst_EndToEnd::seekKeyLandsOnTheNextStation()
-{
-    // The tuner screen takes the key (and beeps) before the main window would.
-    const QDBusReply<bool> down = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1002);
-    QCOMPARE(down.value(), true);
-    const QDBusReply<bool> release = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1003);
-    QCOMPARE(release.value(), true);
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("88.00"), 10000);
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0037_rds_name")), QStringLiteral("BBC R2"), 10000);
-    // The beep went to the MCU service.
-    QTRY_VERIFY(simLog().contains("mcu: triggerBeep 0"));
-}
-
-void tst_EndToEnd::trafficAnnouncementIsCancelled()
-{
-    m_simControl->call(QStringLiteral("startTrafficAnnouncement"));
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Traffic"), 10000);
-    QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("mcu: updateAudioStatus 7"), 10000);
-
-    const QPoint cancel = centreOf(QStringLiteral("Key_0347_cancel"));
-    m_automation->call(QStringLiteral("tap"), cancel.x(), cancel.y());
-    QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("mcu: updateAudioStatus 8"), 10000);
-    QTRY_VERIFY_WITH_TIMEOUT(simLog().contains("radio: taAlarmCancel 1"), 10000);
-    QTRY_VERIFY(widget(QStringLiteral("Txt_0021_interrupt")).isEmpty());
-    const QDBusReply<QString> events = m_automation->call(QStringLiteral("hostEvents"));
-    QVERIFY2(events.value().contains(QLatin1String("{\"type\":1008,\"value\":5}")), qPrintable(events.value()));
-    m_simControl->call(QStringLiteral("endTrafficAnnouncement"));
-
-    // An alarm comes and goes by itself.
-    m_simControl->call(QStringLiteral("startAlarm"));
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0021_interrupt")), QStringLiteral("Alarm"), 10000);
-    m_simControl->call(QStringLiteral("endAlarm"));
-    QTRY_VERIFY_WITH_TIMEOUT(widget(QStringLiteral("Txt_0021_interrupt")).isEmpty(), 10000);
-}
-
-void tst_EndToEnd::optionsAndAPtySearch()
-{
-    const auto tap = [this](int x, int y) { m_automation->call(QStringLiteral("tap"), x, y); };
-    const auto simState = [this] {
-        const QDBusReply<QString> state = m_simControl->call(QStringLiteral("state"));
-        return QJsonDocument::fromJson(state.value().toUtf8()).object();
-    };
-    const bool taBefore = simState().value("ta").toBool();
-
-    const QPoint options = centreOf(QStringLiteral("Key_0025_option_menu"));
-    tap(options.x(), options.y());
-    QTRY_COMPARE(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"));
-    tap(400, 365); // the TA row, fourth of the list
-    QTRY_COMPARE(simState().value("ta").toBool(), !taBefore);
-
-    // Drag the list up to its last row, PTY, and open the PTY list.
-    m_automation->call(QStringLiteral("press"), 400, 440);
-    for (int y = 420; y >= 300; y -= 20)
-        m_automation->call(QStringLiteral("move"), 400, y);
-    QTest::qWait(300); // let the finger rest, so the release does not fling
-    m_automation->call(QStringLiteral("release"), 400, 300);
-    QTest::qWait(800);
-    tap(400, 436);
-    QTRY_COMPARE(text(QStringLiteral("Txt_0090_title")), QStringLiteral("PTY"));
-
-    // Information (code 3): the simulator has one such station, BBC R4 on 93.10.
-    m_simControl->call(QStringLiteral("setTimeScale"), 100);
-    tap(400, 295);
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0110_line1")), QStringLiteral("Searching"), 5000);
-    QCOMPARE(text(QStringLiteral("Txt_0111_line2")), QStringLiteral("Information"));
-    QTRY_VERIFY_WITH_TIMEOUT(widget(QStringLiteral("Txt_0110_line1")).isEmpty(), 10000); // found: the popup goes
-    QCOMPARE(text(QStringLiteral("Txt_0090_title")), QStringLiteral("PTY"));
-    QTRY_COMPARE_WITH_TIMEOUT(simState().value("frequency").toInt(), 9310, 5000);
-    m_simControl->call(QStringLiteral("setTimeScale"), 10);
-    // Five seconds later the option list is back.
-    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"), 8000);
-    const QPoint back = centreOf(QStringLiteral("Key_0375_back"));
-    tap(back.x(), back.y());
-    QTRY_COMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("93.10"));
-}
-
-void tst_EndToEnd::screenshotIsAPng()
-{
-    const QString path = m_dir.path() + QStringLiteral("/shot.png");
-    const QDBusReply<bool> saved = m_automation->call(QStringLiteral("screenshot"), path);
-    QVERIFY(saved.value());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
-}
-
-void tst_EndToEnd::destroyAsksTheHostForDeletion()
-{
-    m_automation->call(QStringLiteral("lifecycle"), QStringLiteral("onDestroy"));
-    QTRY_VERIFY(QDBusReply<QString>(m_automation->call(QStringLiteral("hostEvents"))).value().contains("deleteDelay"));
-}
-
-void tst_EndToEnd::quitEndsTheHost()
-{
-    m_automation->call(QStringLiteral("quit"));
-    QVERIFY(m_host.waitForFinished(10000));
-    QCOMPARE(m_host.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(m_host.exitCode(), 0);
-}
 
 QTEST_GUILESS_MAIN(tst_EndToEnd)
 #include "tst_endtoend.moc"

@@ -59,95 +59,6 @@ public:
     int retranslations = 0;
 };
 
-
-} // namespace
-
-class tst_HostFramework : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-
-    void pushButtonTiming_data();
-    void pushButtonTiming();
-    void scrollManagePagesWithoutAnimation();
-    void scrollManageAnimatedScrollReportsStates();
-    void scrollManageDragSnapsToAPage();
-    void listviewScrollerTapSelectsAndReports();
-    void themeIconsPickTheirStateAndShareImages_data();
-    void themeIconsPickTheirStateAndShareImages();
-    void colorControlFollowsTheButton_data();
-    void colorControlFollowsTheButton();
-    void everyImagePathInFormsAndSourcesLoads();
-    void catalogueCoversEveryTextIdInUse();
-    void catalogueCoversEveryLiteralIdInTheSources();
-    void unknownLanguageKeepsTheCatalogue();
-    void vehicleSettings_data();
-    void vehicleSettings();
-    void audioFocus();
-    void mcuRequestsGoOverTheBus();
-    void windowPostsToTheHost();
-
-private:
-    std::unique_ptr<FakeServices> m_fakes;
-};
-
-void tst_HostFramework::initTestCase()
-{
-    qRegisterMetaType<QScroller::State>();
-    m_fakes = std::make_unique<FakeServices>();
-    QVERIFY(m_fakes->start());
-}
-
-void tst_HostFramework::pushButtonTiming_data()
-{
-    QTest::addColumn<bool>("holdLong");
-    QTest::addColumn<bool>("releaseInside");
-    QTest::addColumn<bool>("hideWhileHeld");
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<QList<int>>("counts"); // shortClicked, longPressed, longReleased
-
-    QTest::newRow("short press") << false << true << false << true << QList<int>{1, 0, 0};
-    QTest::newRow("short press released outside") << false << false << false << true << QList<int>{0, 0, 0};
-    QTest::newRow("long press") << true << true << false << true << QList<int>{0, 1, 1};
-    QTest::newRow("long press released outside") << true << false << false << true << QList<int>{0, 1, 1};
-    QTest::newRow("hidden during a long press") << true << true << true << true << QList<int>{0, 1, 1};
-    QTest::newRow("hidden during a short press") << false << true << true << true << QList<int>{0, 0, 0};
-    QTest::newRow("disabled button") << true << true << false << false << QList<int>{0, 0, 0};
-}
-
-void tst_HostFramework::pushButtonTiming()
-{
-    QFETCH(bool, holdLong);
-    QFETCH(bool, releaseInside);
-    QFETCH(bool, hideWhileHeld);
-    QFETCH(bool, enabled);
-    QFETCH(QList<int>, counts);
-
-    QWidget window;
-    QPushButton button(&window);
-    button.setGeometry(10, 10, 100, 60);
-    button.setEnabled(enabled);
-    window.show();
-    cm::PushButton helper(&button);
-    helper.setLongPressedInterval(80);
-    QSignalSpy shortSpy(&helper, &cm::PushButton::shortClicked);
-    QSignalSpy longSpy(&helper, &cm::PushButton::longPressed);
-    QSignalSpy releasedSpy(&helper, &cm::PushButton::longReleased);
-
-    QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(50, 30));
-    if (holdLong && enabled)
-        QVERIFY(longSpy.wait(2000));
-    if (hideWhileHeld)
-        button.hide();
-    QTest::mouseRelease(&button, Qt::LeftButton, {}, releaseInside ? QPoint(50, 30) : QPoint(300, 30));
-    if (!holdLong)
-        QCOMPARE(longSpy.count(), 0); // the timer must not fire after a short release
-    QCOMPARE((QList<int>{shortSpy.count(), longSpy.count(), releasedSpy.count()}), counts);
-}
-
-namespace {
 struct PagedArea
 {
     PagedArea()
@@ -163,372 +74,436 @@ struct PagedArea
     }
     QScrollArea area;
 };
+
 } // namespace
 
-void tst_HostFramework::scrollManagePagesWithoutAnimation()
+class tst_HostFramework : public QObject
 {
-    PagedArea paged;
-    cm::ScrollManage pages(&paged.area);
-    QSignalSpy spy(&pages, &cm::ScrollManage::pageChanged);
-    QCOMPARE(pages.pageCount(), 3);
-    QCOMPARE(pages.currentPage(), 0);
+    Q_OBJECT
 
-    pages.scrollToPage(2, false);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.takeFirst().at(0).toInt(), 2);
-    QCOMPARE(paged.area.horizontalScrollBar()->value(), 1600);
-
-    pages.scrollToPage(2, false); // the page shown is reported again
-    pages.scrollToPage(9, false); // clamped to the last page
-    QCOMPARE(spy.count(), 2);
-    QCOMPARE(spy.takeLast().at(0).toInt(), 2);
-    spy.clear();
-    pages.scrollToPage(-4, false);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.takeFirst().at(0).toInt(), 0);
-}
-
-void tst_HostFramework::scrollManageAnimatedScrollReportsStates()
-{
-    PagedArea paged;
-    cm::ScrollManage pages(&paged.area);
-    QSignalSpy pageSpy(&pages, &cm::ScrollManage::pageChanged);
-    QSignalSpy stateSpy(&pages, &cm::ScrollManage::stateChanged);
-
-    pages.scrollToPage(1, true);
-    QCOMPARE(pageSpy.count(), 1); // reported at once ...
-    QCOMPARE(pageSpy.first().at(0).toInt(), 1);
-    QTRY_COMPARE(stateSpy.count(), 2); // ... then the animation runs to its end
-    QCOMPARE(stateSpy.first().at(0).value<QScroller::State>(), QScroller::Scrolling);
-    QCOMPARE(stateSpy.last().at(0).value<QScroller::State>(), QScroller::Inactive);
-    QCOMPARE(paged.area.horizontalScrollBar()->value(), 800);
-    QCOMPARE(pageSpy.count(), 1); // settling where asked is no new page
-}
-
-void tst_HostFramework::scrollManageDragSnapsToAPage()
-{
-    PagedArea paged;
-    cm::ScrollManage pages(&paged.area);
-    QSignalSpy pageSpy(&pages, &cm::ScrollManage::pageChanged);
-    QSignalSpy stateSpy(&pages, &cm::ScrollManage::stateChanged);
-
-    // A slow swipe to the left by a bit more than half a page.
-    QScroller *scroller = pages.scroller();
-    qint64 t = 0;
-    scroller->handleInput(QScroller::InputPress, QPointF(700, 100), t);
-    for (int x = 680; x >= 240; x -= 20)
-        scroller->handleInput(QScroller::InputMove, QPointF(x, 100), t += 40);
-    QTest::qWait(150); // let the finger rest so that the release carries no fling
-    scroller->handleInput(QScroller::InputRelease, QPointF(240, 100), t += 400);
-
-    QVERIFY(pageSpy.wait(3000));
-    QCOMPARE(pageSpy.last().at(0).toInt(), 1);
-    QCOMPARE(paged.area.horizontalScrollBar()->value(), 800);
-    bool dragged = false;
-    for (const QList<QVariant> &args : stateSpy)
-        dragged |= args.at(0).value<QScroller::State>() == QScroller::Dragging;
-    QVERIFY(dragged);
-}
-
-void tst_HostFramework::listviewScrollerTapSelectsAndReports()
-{
-    QStandardItemModel model;
-    for (int i = 0; i < 20; ++i)
-        model.appendRow(new QStandardItem(QStringLiteral("row %1").arg(i)));
-    QListView view;
-    view.resize(400, 300);
-    view.setModel(&model);
-    view.setUniformItemSizes(true);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    cm::ListviewScroller scroller(&view);
-    scroller.setSelectModel(view.selectionModel());
-    scroller.setItemHeight(60);
-    QSignalSpy clicked(&scroller, &cm::ListviewScroller::clicked);
-
-    const QRect row3 = view.visualRect(model.index(3, 0));
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, row3.center());
-    QCOMPARE(clicked.count(), 1);
-    QCOMPARE(clicked.first().at(0).toModelIndex().row(), 3);
-    QCOMPARE(view.selectionModel()->currentIndex().row(), 3);
-
-    // Pressing on one row and releasing on another is no tap.
-    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, row3.center());
-    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, view.visualRect(model.index(5, 0)).center());
-    QCOMPARE(clicked.count(), 1);
-    QCOMPARE(scroller.itemHeight(), 60);
-
-    // A drag moves the list and is no tap either.
-    const auto send = [&](QEvent::Type type, int y, Qt::MouseButtons held) {
-        QMouseEvent event(type, QPoint(200, y), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
-                          Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &event);
-    };
-    send(QEvent::MouseButtonPress, 250, Qt::LeftButton);
-    for (int y = 230; y >= 50; y -= 20) {
-        send(QEvent::MouseMove, y, Qt::LeftButton);
-        QTest::qWait(5);
-    }
-    send(QEvent::MouseButtonRelease, 50, Qt::NoButton);
-    QTRY_VERIFY(view.verticalScrollBar()->value() > 0);
-    QCOMPARE(clicked.count(), 1);
-}
-
-// The preset keys' icon as the form builds it: normal, checked and pressed
-// images. A state without its own image falls back as Qt's own icons do.
-void tst_HostFramework::themeIconsPickTheirStateAndShareImages_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("normal") << int(QIcon::Normal) << int(QIcon::Off) << "_n";
-    QTest::newRow("checked") << int(QIcon::Normal) << int(QIcon::On) << "_s";
-    QTest::newRow("pressed") << int(QIcon::Selected) << int(QIcon::Off) << "_p";
-    QTest::newRow("active: the normal image") << int(QIcon::Active) << int(QIcon::Off) << "_n";
-    QTest::newRow("disabled: drawn from the normal image") << int(QIcon::Disabled) << int(QIcon::Off) << "generated";
-}
-
-void tst_HostFramework::themeIconsPickTheirStateAndShareImages()
-{
-    QFETCH(int, mode);
-    QFETCH(int, state);
-    QFETCH(QString, shown);
-    const auto file = [](const char *suffix) { return QStringLiteral(":/Resource/tuner/Key_C046_p1%1.png").arg(QLatin1String(suffix)); };
-    const auto presetIcon = [&] {
-        QIcon icon;
-        icon.addFile(file("_n"), QSize(), QIcon::Normal, QIcon::Off);
-        icon.addFile(file("_s"), QSize(), QIcon::Normal, QIcon::On);
-        icon.addFile(file("_p"), QSize(), QIcon::Selected, QIcon::Off);
-        return icon;
-    };
-    const QIcon first = presetIcon();
-    const QIcon second = presetIcon();
-    QVERIFY(!first.isNull());
-    QCOMPARE(first.actualSize(QSize(53, 60)), QSize(53, 60));
-
-    const QPixmap drawn = first.pixmap(QSize(53, 60), QIcon::Mode(mode), QIcon::State(state));
-    QCOMPARE(drawn.size(), QSize(53, 60));
-    if (shown == QLatin1String("generated")) {
-        QVERIFY(drawn.cacheKey() != QPixmap(file("_n")).cacheKey());
-    } else {
-        // The file's one shared copy: another icon of it decodes nothing again.
-        QCOMPARE(drawn.cacheKey(), QPixmap(file(qPrintable(shown))).cacheKey());
-        QCOMPARE(second.pixmap(QSize(53, 60), QIcon::Mode(mode), QIcon::State(state)).cacheKey(), drawn.cacheKey());
-    }
-    // Smaller requests are scaled down, keeping the aspect ratio.
-    QCOMPARE(first.pixmap(QSize(53, 30), QIcon::Mode(mode), QIcon::State(state)).size(), QSize(26, 30));
-}
-
-void tst_HostFramework::colorControlFollowsTheButton_data()
-{
-    QTest::addColumn<bool>("checked");
-    QTest::addColumn<bool>("pressed");
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<int>("state");
-    QTest::newRow("normal") << false << false << true << int(ColorGroup::Normal);
-    QTest::newRow("pressed") << false << true << true << int(ColorGroup::Pressed);
-    QTest::newRow("checked") << true << false << true << int(ColorGroup::Checked);
-    QTest::newRow("disabled") << true << false << false << int(ColorGroup::Disabled);
-}
-
-void tst_HostFramework::colorControlFollowsTheButton()
-{
-    QFETCH(bool, checked);
-    QFETCH(bool, pressed);
-    QFETCH(bool, enabled);
-    QFETCH(int, state);
-
-    QWidget window;
-    QPushButton button(&window);
-    button.setCheckable(true);
-    button.resize(100, 60);
-    QLabel label(&window);
-    cm::ColorControl control(&button, &label);
-    window.show();
-
-    button.setChecked(checked);
-    button.setEnabled(enabled);
-    if (pressed)
-        QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(10, 10));
-    QCOMPARE(label.palette().color(QPalette::WindowText), ColorGroup::color(QStringLiteral("ColorGroup1"), state));
-    if (pressed) {
-        QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(10, 10));
-        QVERIFY(label.palette().color(QPalette::WindowText) != ColorGroup::color(QStringLiteral("ColorGroup1"), ColorGroup::Pressed)
-                || button.isChecked());
+private slots:
+    void initTestCase()
+    {
+        qRegisterMetaType<QScroller::State>();
+        m_fakes = std::make_unique<FakeServices>();
+        QVERIFY(m_fakes->start());
     }
 
-    QFont font;
-    const QColor c = ColorGroup::setFontColor(font, QStringLiteral("ColorGroup1"), 30, state);
-    QCOMPARE(font.pixelSize(), 30);
-    QCOMPARE(c, ColorGroup::color(QStringLiteral("ColorGroup1"), state));
-}
+    void pushButtonTiming_data()
+    {
+        QTest::addColumn<bool>("holdLong");
+        QTest::addColumn<bool>("releaseInside");
+        QTest::addColumn<bool>("hideWhileHeld");
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<QList<int>>("counts"); // shortClicked, longPressed, longReleased
 
-// The theme must have an image for every path a form or the code names.
-void tst_HostFramework::everyImagePathInFormsAndSourcesLoads()
-{
-    const QRegularExpression path(QStringLiteral(":/Resource/[A-Za-z0-9_/]+\\.png"));
-    QSet<QString> paths;
-    QDirIterator it(QStringLiteral(TUNER_SOURCE_DIR), {"*.ui", "*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString file = it.next();
-        if (file.contains(QLatin1String("/build")))
-            continue;
-        QFile source(file);
-        QVERIFY(source.open(QIODevice::ReadOnly));
-        auto matches = path.globalMatch(QString::fromUtf8(source.readAll()));
-        while (matches.hasNext())
-            paths.insert(matches.next().captured(0));
+        QTest::newRow("short press") << false << true << false << true << QList<int>{1, 0, 0};
+        QTest::newRow("short press released outside") << false << false << false << true << QList<int>{0, 0, 0};
+        QTest::newRow("long press") << true << true << false << true << QList<int>{0, 1, 1};
+        QTest::newRow("long press released outside") << true << false << false << true << QList<int>{0, 1, 1};
+        QTest::newRow("hidden during a long press") << true << true << true << true << QList<int>{0, 1, 1};
+        QTest::newRow("hidden during a short press") << false << true << true << true << QList<int>{0, 0, 0};
+        QTest::newRow("disabled button") << true << true << false << false << QList<int>{0, 0, 0};
     }
-    QVERIFY(paths.size() >= 30); // the tuner screen alone names 38
-    for (const QString &image : qAsConst(paths))
-        QVERIFY2(!QPixmap(image).isNull(), qPrintable(image + QStringLiteral(" does not load")));
-}
 
-// Every text id the tuner asks for: state words, band names and units, search
-// status lines, list titles, the programme types of RDS and RBDS, popups.
-void tst_HostFramework::catalogueCoversEveryTextIdInUse()
-{
-    QList<int> ids{2, 3, 4, 39, 40, 41, 42, 43, 44, 45, 47, 48, 49, 50, 51, 104, 105, 106, 189};
-    for (int id = 53; id <= 103; ++id)
-        ids.append(id);
-    for (int id = 107; id <= 116; ++id)
-        ids.append(id);
-    for (int id : ids)
-        QVERIFY2(!Translator::translate(id).isEmpty(), qPrintable(QStringLiteral("text %1 is missing").arg(id)));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("46 has no text"));
-    QCOMPARE(Translator::translate(46), QString());
-}
+    void pushButtonTiming()
+    {
+        QFETCH(bool, holdLong);
+        QFETCH(bool, releaseInside);
+        QFETCH(bool, hideWhileHeld);
+        QFETCH(bool, enabled);
+        QFETCH(QList<int>, counts);
 
-// A literal id added to the tuner's code later is caught here.
-void tst_HostFramework::catalogueCoversEveryLiteralIdInTheSources()
-{
-    const QRegularExpression call(QStringLiteral("Translator::translate\\((\\d+)\\)"));
-    int found = 0;
-    QDirIterator it(QStringLiteral(TUNER_SOURCE_DIR), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (path.contains(QLatin1String("/tests/")) || path.contains(QLatin1String("/build")))
-            continue;
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        auto matches = call.globalMatch(QString::fromUtf8(file.readAll()));
-        while (matches.hasNext()) {
-            const int id = matches.next().captured(1).toInt();
-            ++found;
-            QVERIFY2(!Translator::translate(id).isEmpty(), qPrintable(QStringLiteral("%1 uses text %2").arg(path).arg(id)));
+        QWidget window;
+        QPushButton button(&window);
+        button.setGeometry(10, 10, 100, 60);
+        button.setEnabled(enabled);
+        window.show();
+        cm::PushButton helper(&button);
+        helper.setLongPressedInterval(80);
+        QSignalSpy shortSpy(&helper, &cm::PushButton::shortClicked);
+        QSignalSpy longSpy(&helper, &cm::PushButton::longPressed);
+        QSignalSpy releasedSpy(&helper, &cm::PushButton::longReleased);
+
+        QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(50, 30));
+        if (holdLong && enabled)
+            QVERIFY(longSpy.wait(2000));
+        if (hideWhileHeld)
+            button.hide();
+        QTest::mouseRelease(&button, Qt::LeftButton, {}, releaseInside ? QPoint(50, 30) : QPoint(300, 30));
+        if (!holdLong)
+            QCOMPARE(longSpy.count(), 0); // the timer must not fire after a short release
+        QCOMPARE((QList<int>{shortSpy.count(), longSpy.count(), releasedSpy.count()}), counts);
+    }
+
+    void scrollManagePagesWithoutAnimation()
+    {
+        PagedArea paged;
+        cm::ScrollManage pages(&paged.area);
+        QSignalSpy spy(&pages, &cm::ScrollManage::pageChanged);
+        QCOMPARE(pages.pageCount(), 3);
+        QCOMPARE(pages.currentPage(), 0);
+
+        pages.scrollToPage(2, false);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.takeFirst().at(0).toInt(), 2);
+        QCOMPARE(paged.area.horizontalScrollBar()->value(), 1600);
+
+        pages.scrollToPage(2, false); // the page shown is reported again
+        pages.scrollToPage(9, false); // clamped to the last page
+        QCOMPARE(spy.count(), 2);
+        QCOMPARE(spy.takeLast().at(0).toInt(), 2);
+        spy.clear();
+        pages.scrollToPage(-4, false);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.takeFirst().at(0).toInt(), 0);
+    }
+
+    void scrollManageAnimatedScrollReportsStates()
+    {
+        PagedArea paged;
+        cm::ScrollManage pages(&paged.area);
+        QSignalSpy pageSpy(&pages, &cm::ScrollManage::pageChanged);
+        QSignalSpy stateSpy(&pages, &cm::ScrollManage::stateChanged);
+
+        pages.scrollToPage(1, true);
+        QCOMPARE(pageSpy.count(), 1); // reported at once ...
+        QCOMPARE(pageSpy.first().at(0).toInt(), 1);
+        QTRY_COMPARE(stateSpy.count(), 2); // ... then the animation runs to its end
+        QCOMPARE(stateSpy.first().at(0).value<QScroller::State>(), QScroller::Scrolling);
+        QCOMPARE(stateSpy.last().at(0).value<QScroller::State>(), QScroller::Inactive);
+        QCOMPARE(paged.area.horizontalScrollBar()->value(), 800);
+        QCOMPARE(pageSpy.count(), 1); // settling where asked is no new page
+    }
+
+    void scrollManageDragSnapsToAPage()
+    {
+        PagedArea paged;
+        cm::ScrollManage pages(&paged.area);
+        QSignalSpy pageSpy(&pages, &cm::ScrollManage::pageChanged);
+        QSignalSpy stateSpy(&pages, &cm::ScrollManage::stateChanged);
+
+        // A slow swipe to the left by a bit more than half a page.
+        QScroller *scroller = pages.scroller();
+        qint64 t = 0;
+        scroller->handleInput(QScroller::InputPress, QPointF(700, 100), t);
+        for (int x = 680; x >= 240; x -= 20)
+            scroller->handleInput(QScroller::InputMove, QPointF(x, 100), t += 40);
+        QTest::qWait(150); // let the finger rest so that the release carries no fling
+        scroller->handleInput(QScroller::InputRelease, QPointF(240, 100), t += 400);
+
+        QVERIFY(pageSpy.wait(3000));
+        QCOMPARE(pageSpy.last().at(0).toInt(), 1);
+        QCOMPARE(paged.area.horizontalScrollBar()->value(), 800);
+        bool dragged = false;
+        for (const QList<QVariant> &args : stateSpy)
+            dragged |= args.at(0).value<QScroller::State>() == QScroller::Dragging;
+        QVERIFY(dragged);
+    }
+
+    void listviewScrollerTapSelectsAndReports()
+    {
+        QStandardItemModel model;
+        for (int i = 0; i < 20; ++i)
+            model.appendRow(new QStandardItem(QStringLiteral("row %1").arg(i)));
+        QListView view;
+        view.resize(400, 300);
+        view.setModel(&model);
+        view.setUniformItemSizes(true);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        cm::ListviewScroller scroller(&view);
+        scroller.setSelectModel(view.selectionModel());
+        scroller.setItemHeight(60);
+        QSignalSpy clicked(&scroller, &cm::ListviewScroller::clicked);
+
+        const QRect row3 = view.visualRect(model.index(3, 0));
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, row3.center());
+        QCOMPARE(clicked.count(), 1);
+        QCOMPARE(clicked.first().at(0).toModelIndex().row(), 3);
+        QCOMPARE(view.selectionModel()->currentIndex().row(), 3);
+
+        // Pressing on one row and releasing on another is no tap.
+        QTest::mousePress(view.viewport(), Qt::LeftButton, {}, row3.center());
+        QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, view.visualRect(model.index(5, 0)).center());
+        QCOMPARE(clicked.count(), 1);
+        QCOMPARE(scroller.itemHeight(), 60);
+
+        // A drag moves the list and is no tap either.
+        const auto send = [&](QEvent::Type type, int y, Qt::MouseButtons held) {
+            QMouseEvent event(type, QPoint(200, y), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
+                              Qt::NoModifier);
+            QApplication::sendEvent(view.viewport(), &event);
+        };
+        send(QEvent::MouseButtonPress, 250, Qt::LeftButton);
+        for (int y = 230; y >= 50; y -= 20) {
+            send(QEvent::MouseMove, y, Qt::LeftButton);
+            QTest::qWait(5);
         }
+        send(QEvent::MouseButtonRelease, 50, Qt::NoButton);
+        QTRY_VERIFY(view.verticalScrollBar()->value() > 0);
+        QCOMPARE(clicked.count(), 1);
     }
-    qInfo("%d literal text ids checked", found);
-}
 
-void tst_HostFramework::unknownLanguageKeepsTheCatalogue()
-{
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("xx has no catalogue"));
-    QVERIFY(!Translator::setLanguage(QStringLiteral("xx")));
-    QCOMPARE(Translator::language(), QStringLiteral("en"));
-    QCOMPARE(Translator::translate(189), QStringLiteral("Cancel"));
-}
-
-void tst_HostFramework::vehicleSettings_data()
-{
-    QTest::addColumn<QString>("ini");
-    QTest::addColumn<QList<int>>("values"); // destination, RDS, AF/TA/TP, regional, display line
-
-    QTest::newRow("no file") << QString() << QList<int>{0, 1, 1, 1, 1};
-    QTest::newRow("all keys") << "[Vehicle]\nDestination=7\nRdsSupport=2\nRdsAfTaTpSupport=0\nRegionalSupport=0\nRadioInfoDispLine=0\n"
-                              << QList<int>{7, 2, 0, 0, 0};
-    QTest::newRow("some keys") << "[Vehicle]\nDestination=1\n" << QList<int>{1, 1, 1, 1, 1};
-    QTest::newRow("other group") << "[Car]\nDestination=1\n" << QList<int>{0, 1, 1, 1, 1};
-    QTest::newRow("garbage value") << "[Vehicle]\nDestination=abc\nRdsSupport=2\n" << QList<int>{0, 2, 1, 1, 1};
-}
-
-void tst_HostFramework::vehicleSettings()
-{
-    QFETCH(QString, ini);
-    QFETCH(QList<int>, values);
-    TestState state;
-    if (ini.isEmpty()) {
-        qputenv("NILO_VEHICLE_CONF", (state.root() + "/missing.ini").toUtf8());
-        cm::SettingsUtil::instance()->reload();
-    } else {
-        if (ini.contains("abc"))
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Destination abc is not a number"));
-        state.writeVehicleText(ini);
+    // The preset keys' icon as the form builds it: normal, checked and pressed
+    // images. A state without its own image falls back as Qt's own icons do.
+    void themeIconsPickTheirStateAndShareImages_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("state");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("normal") << int(QIcon::Normal) << int(QIcon::Off) << "_n";
+        QTest::newRow("checked") << int(QIcon::Normal) << int(QIcon::On) << "_s";
+        QTest::newRow("pressed") << int(QIcon::Selected) << int(QIcon::Off) << "_p";
+        QTest::newRow("active: the normal image") << int(QIcon::Active) << int(QIcon::Off) << "_n";
+        QTest::newRow("disabled: drawn from the normal image") << int(QIcon::Disabled) << int(QIcon::Off) << "generated";
     }
-    const cm::SettingsUtil *s = cm::SettingsUtil::instance();
-    QCOMPARE((QList<int>{s->getDestination(), s->getRdsSupport(), s->getRdsAfTaTpSupport(), s->getRegionalSupport(),
-                         s->getRadioInfoDispLine()}),
-             values);
-}
 
-void tst_HostFramework::audioFocus()
-{
-    AudioManager *audio = AudioManager::instance();
-    QSignalSpy requests(audio, &AudioManager::focusRequested);
-    auto refused = std::make_unique<FocusListener>();
-    audio->setFocusResult(AudioManager::FocusRefused);
-    QCOMPARE(audio->requestAudioFocus(1, 1, refused.get()), 1);
-    QVERIFY(audio->listener() != refused.get());
+    void themeIconsPickTheirStateAndShareImages()
+    {
+        QFETCH(int, mode);
+        QFETCH(int, state);
+        QFETCH(QString, shown);
+        const auto file = [](const char *suffix) { return QStringLiteral(":/Resource/tuner/Key_C046_p1%1.png").arg(QLatin1String(suffix)); };
+        const auto presetIcon = [&] {
+            QIcon icon;
+            icon.addFile(file("_n"), QSize(), QIcon::Normal, QIcon::Off);
+            icon.addFile(file("_s"), QSize(), QIcon::Normal, QIcon::On);
+            icon.addFile(file("_p"), QSize(), QIcon::Selected, QIcon::Off);
+            return icon;
+        };
+        const QIcon first = presetIcon();
+        const QIcon second = presetIcon();
+        QVERIFY(!first.isNull());
+        QCOMPARE(first.actualSize(QSize(53, 60)), QSize(53, 60));
 
-    auto listener = std::make_unique<FocusListener>();
-    audio->setFocusResult(AudioManager::FocusGranted);
-    QCOMPARE(audio->requestAudioFocus(1, 1, listener.get()), 0);
-    QCOMPARE(audio->listener(), listener.get());
-    QVERIFY(audio->dispatchFocusChange(-1));
-    QVERIFY(audio->dispatchFocusChange(-2));
-    QCOMPARE(listener->changes, (QList<int>{-1, -2}));
-    QCOMPARE(requests.count(), 2);
-    QCOMPARE(requests.last().at(2).toString(), QStringLiteral("test"));
+        const QPixmap drawn = first.pixmap(QSize(53, 60), QIcon::Mode(mode), QIcon::State(state));
+        QCOMPARE(drawn.size(), QSize(53, 60));
+        if (shown == QLatin1String("generated")) {
+            QVERIFY(drawn.cacheKey() != QPixmap(file("_n")).cacheKey());
+        } else {
+            // The file's one shared copy: another icon of it decodes nothing again.
+            QCOMPARE(drawn.cacheKey(), QPixmap(file(qPrintable(shown))).cacheKey());
+            QCOMPARE(second.pixmap(QSize(53, 60), QIcon::Mode(mode), QIcon::State(state)).cacheKey(), drawn.cacheKey());
+        }
+        // Smaller requests are scaled down, keeping the aspect ratio.
+        QCOMPARE(first.pixmap(QSize(53, 30), QIcon::Mode(mode), QIcon::State(state)).size(), QSize(26, 30));
+    }
 
-    // A listener that is gone is not called.
-    listener.reset();
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no audio focus listener"));
-    QVERIFY(!audio->dispatchFocusChange(-1));
-}
+    void colorControlFollowsTheButton_data()
+    {
+        QTest::addColumn<bool>("checked");
+        QTest::addColumn<bool>("pressed");
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<int>("state");
+        QTest::newRow("normal") << false << false << true << int(ColorGroup::Normal);
+        QTest::newRow("pressed") << false << true << true << int(ColorGroup::Pressed);
+        QTest::newRow("checked") << true << false << true << int(ColorGroup::Checked);
+        QTest::newRow("disabled") << true << false << false << int(ColorGroup::Disabled);
+    }
 
-void tst_HostFramework::mcuRequestsGoOverTheBus()
-{
-    m_fakes->clearCalls();
-    McuManager::instance()->triggerBeep(0);
-    McuManager::instance()->triggerBeep(1);
-    McuManager::instance()->updateAudioChannel(McuManager::AudioChannelRadio);
-    McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
-    QTRY_COMPARE(m_fakes->mcu()->calls().size(), 4);
-    const QList<ServiceBackend::Call> expected{{"triggerBeep", {0}}, {"triggerBeep", {1}},
-                                               {"updateAudioChannel", {1}}, {"updateAudioStatus", {8}}};
-    QCOMPARE(m_fakes->mcu()->calls(), expected);
-}
+    void colorControlFollowsTheButton()
+    {
+        QFETCH(bool, checked);
+        QFETCH(bool, pressed);
+        QFETCH(bool, enabled);
+        QFETCH(int, state);
 
-void tst_HostFramework::windowPostsToTheHost()
-{
-    HostRecorder host;
-    Window window;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no host to receive the event"));
-    window.postEvent(new TouchEvent(Qx::TouchBackToHome));
-    QCoreApplication::processEvents();
-    QVERIFY(host.events.isEmpty());
+        QWidget window;
+        QPushButton button(&window);
+        button.setCheckable(true);
+        button.resize(100, 60);
+        QLabel label(&window);
+        cm::ColorControl control(&button, &label);
+        window.show();
 
-    cm::BaseWindow::setHost(&host);
-    window.postEvent(new TouchEvent(Qx::TouchBackToHome));
-    window.postEvent(new TaskEvent(Qx::TaskAlarmCancel));
-    window.deleteDelay();
-    QTRY_COMPARE(host.events, (QStringList{"1007:1", "1008:5", "deleteDelay"}));
-    cm::BaseWindow::setHost(nullptr);
+        button.setChecked(checked);
+        button.setEnabled(enabled);
+        if (pressed)
+            QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(10, 10));
+        QCOMPARE(label.palette().color(QPalette::WindowText), ColorGroup::color(QStringLiteral("ColorGroup1"), state));
+        if (pressed) {
+            QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(10, 10));
+            QVERIFY(label.palette().color(QPalette::WindowText) != ColorGroup::color(QStringLiteral("ColorGroup1"), ColorGroup::Pressed)
+                    || button.isChecked());
+        }
 
-    QWidget widget;
-    window.setMainWidget(&widget);
-    QCOMPARE(window.mainWidget(), &widget);
-    window.onHide();
-    QVERIFY(widget.isHidden());
-    window.setTranslation(QStringLiteral("en"));
-    QCOMPARE(window.retranslations, 1);
-    QEvent change(QEvent::LanguageChange);
-    QCoreApplication::sendEvent(&widget, &change);
-    QCOMPARE(window.retranslations, 2);
-    window.setWindowAttribute(WA_KeepAlive, true);
-    QVERIFY(window.testAttribute(WA_KeepAlive));
-    QVERIFY(!window.testAttribute(WA_Popup));
-}
+        QFont font;
+        const QColor c = ColorGroup::setFontColor(font, QStringLiteral("ColorGroup1"), 30, state);
+        QCOMPARE(font.pixelSize(), 30);
+        QCOMPARE(c, ColorGroup::color(QStringLiteral("ColorGroup1"), state));
+    }
+
+    // The theme must have an image for every path a form or the code names.
+    void everyImagePathInFormsAndSourcesLoads()
+    {
+        const QRegularExpression path(QStringLiteral(":/Resource/[A-Za-z0-9_/]+\\.png"));
+        QSet<QString> paths;
+        QDirIterator it(QStringLiteral(TUNER_SOURCE_DIR), {"*.ui", "*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString file = it.next();
+            if (file.contains(QLatin1String("/build")))
+                continue;
+            QFile source(file);
+            QVERIFY(source.open(QIODevice::ReadOnly));
+            auto matches = path.globalMatch(QString::fromUtf8(source.readAll()));
+            while (matches.hasNext())
+                paths.insert(matches.next().captured(0));
+        }
+        QVERIFY(paths.size() >= 30); // the tuner screen alone names 38
+        for (const QString &image : qAsConst(paths))
+            QVERIFY2(!QPixmap(image).isNull(), qPrintable(image + QStringLiteral(" does not load")));
+    }
+
+    // Every text id the tuner asks for: state words, band names and units, search
+    // status lines, list titles, the programme types of RDS and RBDS, popups.
+    void catalogueCoversEveryTextIdInUse()
+    {
+        QList<int> ids{2, 3, 4, 39, 40, 41, 42, 43, 44, 45, 47, 48, 49, 50, 51, 104, 105, 106, 189};
+        for (int id = 53; id <= 103; ++id)
+            ids.append(id);
+        for (int id = 107; id <= 116; ++id)
+            ids.append(id);
+        for (int id : ids)
+            QVERIFY2(!Translator::translate(id).isEmpty(), qPrintable(QStringLiteral("text %1 is missing").arg(id)));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("46 has no text"));
+        QCOMPARE(Translator::translate(46), QString());
+    }
+
+    // A literal id added to the tuner's code later is caught here.
+    void catalogueCoversEveryLiteralIdInTheSources()
+    {
+        const QRegularExpression call(QStringLiteral("Translator::translate\\((\\d+)\\)"));
+        int found = 0;
+        QDirIterator it(QStringLiteral(TUNER_SOURCE_DIR), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString path = it.next();
+            if (path.contains(QLatin1String("/tests/")) || path.contains(QLatin1String("/build")))
+                continue;
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            auto matches = call.globalMatch(QString::fromUtf8(file.readAll()));
+            while (matches.hasNext()) {
+                const int id = matches.next().captured(1).toInt();
+                ++found;
+                QVERIFY2(!Translator::translate(id).isEmpty(), qPrintable(QStringLiteral("%1 uses text %2").arg(path).arg(id)));
+            }
+        }
+        qInfo("%d literal text ids checked", found);
+    }
+
+    void unknownLanguageKeepsTheCatalogue()
+    {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("xx has no catalogue"));
+        QVERIFY(!Translator::setLanguage(QStringLiteral("xx")));
+        QCOMPARE(Translator::language(), QStringLiteral("en"));
+        QCOMPARE(Translator::translate(189), QStringLiteral("Cancel"));
+    }
+
+    void vehicleSettings_data()
+    {
+        QTest::addColumn<QString>("ini");
+        QTest::addColumn<QList<int>>("values"); // destination, RDS, AF/TA/TP, regional, display line
+
+        QTest::newRow("no file") << QString() << QList<int>{0, 1, 1, 1, 1};
+        QTest::newRow("all keys") << "[Vehicle]\nDestination=7\nRdsSupport=2\nRdsAfTaTpSupport=0\nRegionalSupport=0\nRadioInfoDispLine=0\n"
+                                  << QList<int>{7, 2, 0, 0, 0};
+        QTest::newRow("some keys") << "[Vehicle]\nDestination=1\n" << QList<int>{1, 1, 1, 1, 1};
+        QTest::newRow("other group") << "[Car]\nDestination=1\n" << QList<int>{0, 1, 1, 1, 1};
+        QTest::newRow("garbage value") << "[Vehicle]\nDestination=abc\nRdsSupport=2\n" << QList<int>{0, 2, 1, 1, 1};
+    }
+
+    void vehicleSettings()
+    {
+        QFETCH(QString, ini);
+        QFETCH(QList<int>, values);
+        TestState state;
+        if (ini.isEmpty()) {
+            qputenv("NILO_VEHICLE_CONF", (state.root() + "/missing.ini").toUtf8());
+            cm::SettingsUtil::instance()->reload();
+        } else {
+            if (ini.contains("abc"))
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Destination abc is not a number"));
+            state.writeVehicleText(ini);
+        }
+        const cm::SettingsUtil *s = cm::SettingsUtil::instance();
+        QCOMPARE((QList<int>{s->getDestination(), s->getRdsSupport(), s->getRdsAfTaTpSupport(), s->getRegionalSupport(),
+                             s->getRadioInfoDispLine()}),
+                 values);
+    }
+
+    void audioFocus()
+    {
+        AudioManager *audio = AudioManager::instance();
+        QSignalSpy requests(audio, &AudioManager::focusRequested);
+        auto refused = std::make_unique<FocusListener>();
+        audio->setFocusResult(AudioManager::FocusRefused);
+        QCOMPARE(audio->requestAudioFocus(1, 1, refused.get()), 1);
+        QVERIFY(audio->listener() != refused.get());
+
+        auto listener = std::make_unique<FocusListener>();
+        audio->setFocusResult(AudioManager::FocusGranted);
+        QCOMPARE(audio->requestAudioFocus(1, 1, listener.get()), 0);
+        QCOMPARE(audio->listener(), listener.get());
+        QVERIFY(audio->dispatchFocusChange(-1));
+        QVERIFY(audio->dispatchFocusChange(-2));
+        QCOMPARE(listener->changes, (QList<int>{-1, -2}));
+        QCOMPARE(requests.count(), 2);
+        QCOMPARE(requests.last().at(2).toString(), QStringLiteral("test"));
+
+        // A listener that is gone is not called.
+        listener.reset();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no audio focus listener"));
+        QVERIFY(!audio->dispatchFocusChange(-1));
+    }
+
+    void mcuRequestsGoOverTheBus()
+    {
+        m_fakes->clearCalls();
+        McuManager::instance()->triggerBeep(0);
+        McuManager::instance()->triggerBeep(1);
+        McuManager::instance()->updateAudioChannel(McuManager::AudioChannelRadio);
+        McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
+        QTRY_COMPARE(m_fakes->mcu()->calls().size(), 4);
+        const QList<ServiceBackend::Call> expected{{"triggerBeep", {0}}, {"triggerBeep", {1}},
+                                                   {"updateAudioChannel", {1}}, {"updateAudioStatus", {8}}};
+        QCOMPARE(m_fakes->mcu()->calls(), expected);
+    }
+
+    void windowPostsToTheHost()
+    {
+        HostRecorder host;
+        Window window;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no host to receive the event"));
+        window.postEvent(new TouchEvent(Qx::TouchBackToHome));
+        QCoreApplication::processEvents();
+        QVERIFY(host.events.isEmpty());
+
+        cm::BaseWindow::setHost(&host);
+        window.postEvent(new TouchEvent(Qx::TouchBackToHome));
+        window.postEvent(new TaskEvent(Qx::TaskAlarmCancel));
+        window.deleteDelay();
+        QTRY_COMPARE(host.events, (QStringList{"1007:1", "1008:5", "deleteDelay"}));
+        cm::BaseWindow::setHost(nullptr);
+
+        QWidget widget;
+        window.setMainWidget(&widget);
+        QCOMPARE(window.mainWidget(), &widget);
+        window.onHide();
+        QVERIFY(widget.isHidden());
+        window.setTranslation(QStringLiteral("en"));
+        QCOMPARE(window.retranslations, 1);
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(&widget, &change);
+        QCOMPARE(window.retranslations, 2);
+        window.setWindowAttribute(WA_KeepAlive, true);
+        QVERIFY(window.testAttribute(WA_KeepAlive));
+        QVERIFY(!window.testAttribute(WA_Popup));
+    }
+
+private:
+    std::unique_ptr<FakeServices> m_fakes;
+};
 
 QTEST_MAIN(tst_HostFramework)
 #include "tst_hostframework.moc"

@@ -26,12 +26,6 @@ using namespace tuner;
 
 namespace {
 
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
-
 QString interruptSummary()
 {
     const Preferences *p = prefs();
@@ -50,587 +44,562 @@ class tst_MainWindow : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        QVERIFY(startServices());
+        cm::BaseWindow::setHost(&m_host);
+    }
 
-    void startupReadsTheRadioInOrder_data();
-    void startupReadsTheRadioInOrder();
-    void startupKeepsTheStoredStateWhenTheRadioFails_data();
-    void startupKeepsTheStoredStateWhenTheRadioFails();
-    void sourceKeys_data();
-    void sourceKeys();
-    void bandKeys_data();
-    void bandKeys();
-    void presetKeyRepeatsEverySecondUntilReleased_data();
-    void presetKeyRepeatsEverySecondUntilReleased();
-    void interruptBookkeeping_data();
-    void interruptBookkeeping();
-    void refusedFocusStartsNothing();
-    void destroyStopsASearchFromTheSearchWindows_data();
-    void destroyStopsASearchFromTheSearchWindows();
-    void autoScanCompleted_data();
-    void autoScanCompleted();
-    void radioReportsReachThePreferences();
-    void createBuildsTheStackOnceAndResumesIt();
+    void init()
+    {
+        newState();
+        bus::ReplyBatch::forgetUnresponsiveServices();
+        m_fakes->clearCalls();
+        m_host.events.clear();
+        AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
+        for (ServiceBackend *b : {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
+            b->setHung(false);
+            b->setMalformed(false);
+            b->clearAnswers();
+        }
+        m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 1);
+    }
+
+    void cleanup()
+    {
+        m_state.reset();
+        if (!m_fakes->start())
+            QFAIL("fakes did not come back");
+    }
+
+    void startupReadsTheRadioInOrder_data()
+    {
+        QTest::addColumn<int>("bandSwitch");
+        QTest::addColumn<int>("bandId");
+        QTest::addColumn<int>("piTp");
+        QTest::addColumn<QStringList>("afTaCommands");
+        QTest::addColumn<QList<int>>("lastBands"); // band_FM, band_AM
+
+        QTest::newRow("FM2") << 0 << 1 << 0 << QStringList{"setTa(true)", "setAf(false)"} << QList<int>{1, 3};
+        QTest::newRow("AM2: AF and TA sent off") << 1 << 4 << 0 << QStringList{"setTa(false)", "setAf(false)"} << QList<int>{0, 4};
+        QTest::newRow("announcement already running") << 0 << 0 << 3 << QStringList{"setTa(true)", "setAf(false)"} << QList<int>{0, 3};
+    }
+
+    void startupReadsTheRadioInOrder()
+    {
+        QFETCH(int, bandSwitch);
+        QFETCH(int, bandId);
+        QFETCH(int, piTp);
+        QFETCH(QStringList, afTaCommands);
+        QFETCH(QList<int>, lastBands);
+
+        NiloRadioServiceBackend *radio = m_fakes->radio();
+        const QVariantMap answers{
+            {"bandSwitch", bandSwitch}, {"bandId", bandId},
+            {"fmList", "8800;8930;9050;9190;9310;9450;9580;9720;9870;10020;10150;10280"},
+            {"amList", "585;693;909"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
+            {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
+            {"bandCurFreq", "9000;9450;10020;999;1089"}, {"bandPos", "1;2;0;3;0"},
+            {"initLocal", 1}, {"initRegional", 0}, {"initAfTaList", "2;1;3"}, {"initAfTa", 2},
+            {"initPsName1", "BBC R2;NDR 2"}, {"initPsName2", "SWR3"}, {"piTpStatus", piTp},
+            {"rdsProgramName", "NDR 2"}, {"RDSstate", 3}};
+        for (auto it = answers.cbegin(); it != answers.cend(); ++it)
+            radio->setAnswer(it.key(), it.value());
+
+        MainWindow window;
+
+        // Every getter goes out before any command that follows from the answers.
+        QStringList expected{"bandSwitch()", "bandId()", "fmList()", "amList()", "fmMaxFreq()", "fmMinFreq()",
+                             "fmStep()", "amMaxFreq()", "amMinFreq()", "amStep()", "bandCurFreq()", "bandPos()",
+                             "initLocal()", "initRegional()", "initAfTaList()", "initAfTa()", "initPsName1()",
+                             "initPsName2()", "piTpStatus()", "rdsProgramName()", "RDSstate()"};
+        expected << afTaCommands;
+        QCOMPARE(radioCalls(), expected);
+        QCOMPARE(mcuCalls(), QStringList());
+
+        Preferences *p = prefs();
+        QCOMPARE(int(p->band()), bandId);
+        QCOMPARE((QList<int>{p->band_FM(), p->band_AM()}), lastBands);
+        QCOMPARE(p->isLocal(), true);
+        QCOMPARE(p->regional(), false);
+        QCOMPARE(p->ta(), true);
+        QCOMPARE(p->af(), false);
+        QCOMPARE(p->bandData(BAND_FM2).currFreq, 9450);
+        QCOMPARE(p->bandData(BAND_FM2).currFreqId, 1);
+        QCOMPARE(p->bandData(BAND_AM1).currFreqId, 2);
+        QCOMPARE(p->bandData(BAND_FM2).presets[5], 10280);
+        QCOMPARE(p->bandData(BAND_FM1).ta[0], true);
+        QCOMPARE(p->rdsName(BAND_FM1, 1), QStringLiteral("NDR 2"));
+        QCOMPARE(p->rdsName(BAND_FM2, 3), QStringLiteral("SWR3"));
+        QCOMPARE(p->curRdsName(), QStringLiteral("NDR 2"));
+        QCOMPARE(p->rdsState(), 3);
+        QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), bandId);
+        QCOMPARE(m_state->radioConfValue("Tune/Local").toBool(), true);
+        QCOMPARE(m_state->radioConfValue("Freq/FM1/CurrFreq").toInt(), 9450);
+        QCOMPARE(m_state->radioConfValue("Freq/FM0/TA_0").toBool(), true);
+        // Not yet active: an announcement in progress is only noted.
+        QCOMPARE(int(p->taOrAlarm()), piTp == 3 ? 2 : 0);
+        QCOMPARE(p->SouOffTa(), piTp == 3);
+    }
+
+    void startupKeepsTheStoredStateWhenTheRadioFails_data()
+    {
+        QTest::addColumn<QString>("failure");
+        QTest::addColumn<bool>("serviceRead");
+        // The slow row runs first: a hung owner is remembered and later batches to it wait less.
+        QTest::newRow("answers each getter 600 ms late: read") << "slow" << true;
+        QTest::newRow("absent: stored state kept") << "absent" << false;
+        QTest::newRow("hung: stored state kept") << "hung" << false;
+        QTest::newRow("answers garbage: stored state kept") << "malformed" << false;
+    }
+
+    void startupKeepsTheStoredStateWhenTheRadioFails()
+    {
+        QFETCH(QString, failure);
+        QFETCH(bool, serviceRead);
+        const QByteArray stored = "[Freq]\nAM4\\CurrFreq=1089\nAM4\\preset_2=999\n\n"
+                                  "[Tune]\nBand_AM=4\nCurrBand=4\nLocal=true\nRegional=false\nAf=false\nta=true\n";
+        QDir().mkpath(QFileInfo(m_state->radioConf()).absolutePath());
+        QFile file(m_state->radioConf());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(stored);
+        file.close();
+
+        NiloRadioServiceBackend *radio = m_fakes->radio();
+        for (const auto &[getter, value] : {std::pair<const char *, QVariant>{"bandId", 1}, {"bandPos", "1;1;1;1;1"},
+                                            {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
+                                            {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
+                                            {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}})
+            radio->setAnswer(QLatin1String(getter), value);
+        if (failure == QLatin1String("absent"))
+            m_fakes->stop();
+        radio->setHung(failure == QLatin1String("hung"));
+        radio->setMalformed(failure == QLatin1String("malformed"));
+        radio->setReplyDelay(failure == QLatin1String("slow") ? 600 : 0);
+        if (!serviceRead)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("did not answer bandSwitch, bandId, .*RDSstate ; the stored state is kept"));
+
+        QElapsedTimer clock;
+        clock.start();
+        MainWindow window;
+        qInfo("start-up with the radio service %s took %lld ms", qPrintable(failure), clock.elapsed());
+        radio->setReplyDelay(0);
+
+        Preferences *p = prefs();
+        QCOMPARE(p->ta(), true); // stored, or read as initAfTa 2
+        if (serviceRead) {
+            QCOMPARE(int(p->band()), 1);
+            QCOMPARE(p->playFreq(), 9450);
+            return;
+        }
+        QCOMPARE(int(p->band()), 4);
+        QCOMPARE(p->playFreq(), 1089);
+        QCOMPARE(p->favoritAt(2), 999);
+        QCOMPARE(p->isLocal(), true);
+        QCOMPARE(p->regional(), false);
+        // Nothing derived from a default reached the radio or the file.
+        QCOMPARE(radioCalls().filter(QRegularExpression("^set")), QStringList());
+        p->flush();
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), stored);
+    }
+
+    void sourceKeys_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("phase");
+        QTest::addColumn<int>("workState");
+        QTest::addColumn<int>("display");
+        QTest::addColumn<QString>("interrupt");
+        QTest::addColumn<bool>("consumed");
+        QTest::addColumn<QStringList>("radio");
+        QTest::addColumn<QStringList>("mcu");
+
+        const QStringList none;
+        const QStringList beep0{"triggerBeep(0)"};
+        const QStringList beep1{"triggerBeep(1)"};
+        const QStringList up{"setPreset(0)", "setTa(false)", "setAf(true)"};
+        // After a start-up with no answers AF, TA and Regional are off.
+        // key, phase, work state, display, interrupt, consumed, radio, mcu
+        QTest::newRow("7 down beeps, not consumed") << 7 << 1002 << 0 << 1 << "none" << false << none << beep0;
+        QTest::newRow("7 short release steps up") << 7 << 1003 << 0 << 1 << "none" << true << up << none;
+        QTest::newRow("161 long press seeks up") << 161 << 1004 << 0 << 1 << "none" << true << QStringList{"seekForward()"} << beep1;
+        QTest::newRow("7 long release not served") << 7 << 1005 << 0 << 1 << "none" << false << none << none;
+        QTest::newRow("7 during auto store not served") << 7 << 1003 << 1 << 1 << "none" << false << none << none;
+        QTest::newRow("8 short release steps down") << 8 << 1003 << 0 << 1 << "none" << true << up << none;
+        QTest::newRow("118 long press seeks down") << 118 << 1004 << 0 << 1 << "none" << true << QStringList{"seekBackward()"} << beep1;
+        QTest::newRow("33 down beeps") << 33 << 1002 << 0 << 1 << "none" << false << none << beep0;
+        QTest::newRow("122 short release changes band") << 122 << 1003 << 0 << 1 << "none" << true << QStringList{"setband(1)"} << none;
+        QTest::newRow("33 during auto store stops it first") << 33 << 1003 << 1 << 1 << "none" << true << QStringList{"terminate()", "setband(1)"} << none;
+        QTest::newRow("36 down while idle only beeps") << 36 << 1002 << 0 << 1 << "none" << true << none << beep0;
+        QTest::newRow("36 down during auto store stops it") << 36 << 1002 << 1 << 1 << "none" << true << QStringList{"terminate()"} << beep0;
+        QTest::newRow("36 short release selects") << 36 << 1003 << 0 << 1 << "none" << true << QStringList{"setPreset(2)", "setTa(false)", "setAf(true)"} << none;
+        QTest::newRow("36 short release during auto store is swallowed") << 36 << 1003 << 1 << 1 << "none" << true << none << none;
+        QTest::newRow("39 long press stores") << 39 << 1004 << 0 << 1 << "none" << true << QStringList{"savePreset(5)"} << beep1;
+        QTest::newRow("39 long press during auto store stores nothing") << 39 << 1004 << 1 << 1 << "none" << true << none << none;
+        QTest::newRow("44 down steps up at once") << 44 << 1002 << 0 << 1 << "none" << true << up << beep0;
+        QTest::newRow("121 short release consumed") << 121 << 1003 << 0 << 1 << "none" << true << none << none;
+        QTest::newRow("116 long press steps down") << 116 << 1004 << 0 << 1 << "none" << true << up << none;
+        QTest::newRow("45 during auto store not served") << 45 << 1002 << 1 << 1 << "none" << false << none << none;
+        QTest::newRow("46 short release seeks down") << 46 << 1003 << 0 << 1 << "none" << true << QStringList{"seekBackward()"} << none;
+        QTest::newRow("46 long press starts manual minus") << 46 << 1004 << 0 << 1 << "none" << true << QStringList{"keyLongPress(1)"} << beep1;
+        QTest::newRow("47 long release ends manual plus") << 47 << 1005 << 0 << 1 << "none" << true << QStringList{"tune(8750)", "keyLongPress(0)"} << none;
+        QTest::newRow("47 down beeps, not consumed") << 47 << 1002 << 0 << 1 << "none" << false << none << beep0;
+        QTest::newRow("125 down while seeking") << 125 << 1002 << 2 << 1 << "none" << true << none << beep0;
+        QTest::newRow("125 release while seeking stops") << 125 << 1003 << 3 << 1 << "none" << true << QStringList{"terminate()"} << none;
+        QTest::newRow("125 release during auto store stops") << 125 << 1003 << 1 << 1 << "none" << true << QStringList{"terminate()"} << none;
+        QTest::newRow("125 while idle not served") << 125 << 1003 << 0 << 1 << "none" << false << none << none;
+        QTest::newRow("PTY list on display") << 7 << 1003 << 0 << 3 << "none" << false << none << none;
+        QTest::newRow("search popup on display") << 33 << 1002 << 0 << 4 << "none" << false << none << none;
+        QTest::newRow("option list on display is served") << 7 << 1003 << 0 << 2 << "none" << true << up << none;
+        QTest::newRow("live announcement blocks tuner keys") << 7 << 1003 << 0 << 1 << "ta" << false << none << none;
+        QTest::newRow("cancelled announcement lets them through") << 7 << 1003 << 0 << 1 << "ta-cancelled" << true << up << none;
+        QTest::newRow("live alarm blocks tuner keys") << 44 << 1002 << 0 << 1 << "alarm" << false << none << none;
+        QTest::newRow("unknown key") << 999 << 1003 << 0 << 1 << "none" << false << none << none;
+        QTest::newRow("177 AF off, on any phase") << 177 << 1002 << 0 << 1 << "none" << false << QStringList{"setAf(false)", "rdsCtrl(false,false,false)"} << none;
+        QTest::newRow("178 AF on") << 178 << 1003 << 0 << 1 << "none" << false << QStringList{"setAf(true)", "rdsCtrl(false,true,false)"} << none;
+        QTest::newRow("180 TA on") << 180 << 1003 << 0 << 1 << "none" << false << QStringList{"rdsCtrl(true,false,false)", "setTa(true)"} << none;
+        QTest::newRow("179 TA off even during an announcement") << 179 << 1004 << 0 << 1 << "ta" << false << QStringList{"rdsCtrl(false,false,false)", "setTa(false)"} << none;
+        QTest::newRow("182 Local on") << 182 << 1003 << 0 << 1 << "none" << false << QStringList{"config(true,1,1)"} << none;
+        QTest::newRow("181 Local off") << 181 << 1002 << 0 << 1 << "none" << false << QStringList{"config(false,1,1)"} << none;
+        QTest::newRow("66 down does not cancel") << 66 << 1002 << 0 << 1 << "ta" << false << none << none;
+    }
+
+    void sourceKeys()
+    {
+        QFETCH(int, key);
+        QFETCH(int, phase);
+        QFETCH(int, workState);
+        QFETCH(int, display);
+        QFETCH(QString, interrupt);
+        QFETCH(bool, consumed);
+        QFETCH(QStringList, radio);
+        QFETCH(QStringList, mcu);
+
+        auto window = makeWindow();
+        Preferences *p = prefs();
+        p->setWorkState(workState);
+        g_TunerCurDSPL = display;
+        if (interrupt.startsWith(QLatin1String("ta")))
+            p->setTaAlarmStatus(INTERRUPT_TA);
+        else if (interrupt == QLatin1String("alarm"))
+            p->setTaAlarmStatus(INTERRUPT_ALARM);
+        p->setCancelTa(interrupt == QLatin1String("ta-cancelled"));
+
+        KeyEvent event(Qx::EventType(phase), key);
+        QCOMPARE(window->sourceKeyEvent(&event), consumed);
+        QCOMPARE(radioCalls(), radio);
+        QCOMPARE(mcuCalls(), mcu);
+    }
+
+    void bandKeys_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<bool>("stack");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("newBand");
+        QTest::addColumn<QStringList>("radio");
+
+        // With screens the player's band cycle runs on from the band set here.
+        QTest::newRow("184 without screens goes to AM1") << 184 << false << 0 << 3 << QStringList{"setband(3)"};
+        QTest::newRow("184 on FM goes to AM1 by way of FM3") << 184 << true << 0 << 3 << QStringList{"setband(3)"};
+        QTest::newRow("184 on AM2 goes to AM1") << 184 << true << 4 << 3 << QStringList{"setband(3)"};
+        QTest::newRow("185 without screens goes to FM1") << 185 << false << 4 << 0 << QStringList{"setband(0)"};
+        QTest::newRow("185 on FM3 goes to FM1") << 185 << true << 2 << 0 << QStringList{"setband(0)"};
+        QTest::newRow("185 on AM goes to FM1 by way of AM2") << 185 << true << 3 << 0 << QStringList{"setband(0)"};
+    }
+
+    void bandKeys()
+    {
+        QFETCH(int, key);
+        QFETCH(bool, stack);
+        QFETCH(int, band);
+        QFETCH(int, newBand);
+        QFETCH(QStringList, radio);
+
+        auto window = makeWindow(stack);
+        prefs()->setBand(Band(band));
+        KeyEvent event(Qx::KeyShortReleased, key);
+        QCOMPARE(window->sourceKeyEvent(&event), false);
+        QCOMPARE(int(prefs()->band()), newBand);
+        QCOMPARE(radioCalls().filter(QStringLiteral("setband")).mid(0, 1), radio);
+    }
+
+    void presetKeyRepeatsEverySecondUntilReleased_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("release");
+        QTest::addColumn<int>("expected"); // preset id after the first repeat
+        QTest::newRow("44 up, long release") << 44 << int(Qx::KeyLongReleased) << 1;
+        QTest::newRow("116 down, short release") << 116 << int(Qx::KeyShortReleased) << 5; // FM3 preset 6
+    }
+
+    void presetKeyRepeatsEverySecondUntilReleased()
+    {
+        QFETCH(int, key);
+        QFETCH(int, release);
+        QFETCH(int, expected);
+
+        auto window = makeWindow();
+        KeyEvent longPress(Qx::KeyLongPressed, key);
+        QVERIFY(window->sourceKeyEvent(&longPress)); // one step at once ...
+        TUNER_VERIFY_AFTER_PERIOD(1000, prefs()->playFreqId() == expected); // ... and one a second later
+        KeyEvent releaseEvent(Qx::EventType(release), key);
+        QVERIFY(window->sourceKeyEvent(&releaseEvent));
+        const int after = prefs()->playFreqId();
+        QTest::qWait(1200); // one repeat period: nothing more may happen
+        QCOMPARE(prefs()->playFreqId(), after);
+    }
+
+    void interruptBookkeeping_data()
+    {
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<QStringList>("mcu");
+        QTest::addColumn<QStringList>("radio"); // terminate, tune and taAlarmCancel only
+        QTest::addColumn<QStringList>("host");
+        QTest::addColumn<QString>("state");
+
+        const QString ch = QStringLiteral("updateAudioChannel(1)");
+        const QString on = QStringLiteral("updateAudioStatus(7)");
+        const QString off = QStringLiteral("updateAudioStatus(8)");
+        const QString beep = QStringLiteral("triggerBeep(0)");
+        const QStringList none;
+
+        QTest::newRow("announcement starts and ends")
+            << QStringList{"start", "tp3", "tp4"} << QStringList{ch, on, off} << none << none
+            << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("announcement while inactive is noted, shown at start")
+            << QStringList{"tp3", "start"} << QStringList{ch, on} << none << none
+            << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("announcement ends while inactive")
+            << QStringList{"tp3", "tp4", "start"} << QStringList{ch} << none << none
+            << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("alarm over a live announcement, which comes back")
+            << QStringList{"start", "tp3", "tp5", "tp6"} << QStringList{ch, on, on, off, on} << none << none
+            << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("announcement during an alarm waits for its end")
+            << QStringList{"start", "tp5", "tp3", "tp6"} << QStringList{ch, on, off, on} << none << none
+            << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("alarm while inactive, shown at start")
+            << QStringList{"tp5", "start"} << QStringList{ch, on} << none << none
+            << "interrupt=1 ta=0 alarm=1 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("cancel key during an announcement")
+            << QStringList{"start", "tp3", "key66"} << QStringList{ch, on, beep, off} << QStringList{"taAlarmCancel(1)"}
+            << QStringList{"1008:5"} << "interrupt=2 ta=1 alarm=0 cancelTa=1 cancelAlarm=0";
+        QTest::newRow("cancel key during an alarm")
+            << QStringList{"start", "tp5", "key114"} << QStringList{ch, on, beep, off} << none << QStringList{"1008:5"}
+            << "interrupt=1 ta=0 alarm=1 cancelTa=0 cancelAlarm=1";
+        QTest::newRow("cancel key on an alarm over a live announcement brings it back")
+            << QStringList{"start", "tp3", "tp5", "key163"} << QStringList{ch, on, on, beep, off, on} << none << none
+            << "interrupt=2 ta=1 alarm=1 cancelTa=0 cancelAlarm=1";
+        QTest::newRow("cancel key without an interrupt")
+            << QStringList{"start", "key176"} << QStringList{ch, off} << none << none
+            << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("source 6 lifts the announcement's cancel")
+            << QStringList{"start", "tp3", "key66", "src6"} << QStringList{ch, on, beep, off} << QStringList{"taAlarmCancel(1)"}
+            << QStringList{"1008:5"} << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("focus lost during an announcement")
+            << QStringList{"start", "tp3", "focus-1"} << QStringList{ch, on, off} << QStringList{"terminate()", "taAlarmCancel(1)"}
+            << none << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("announcement ends after focus was lost")
+            << QStringList{"start", "tp3", "focus-1", "tp4"} << QStringList{ch, on, off, off}
+            << QStringList{"terminate()", "taAlarmCancel(1)"} << none << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("alarm ends after focus was lost")
+            << QStringList{"start", "tp5", "focus-1", "tp6"} << QStringList{ch, on, off, off} << QStringList{"terminate()"}
+            << none << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("focus lost while seeking retunes")
+            << QStringList{"start", "seek", "focus-2"} << QStringList{ch} << QStringList{"terminate()", "tune(8750)"} << none
+            << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("other focus changes are ignored")
+            << QStringList{"start", "tp3", "focus-3", "focus1"} << QStringList{ch, on} << none << none
+            << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
+        QTest::newRow("after focus loss an announcement is only noted")
+            << QStringList{"start", "focus-1", "tp3"} << QStringList{ch} << QStringList{"terminate()"} << none
+            << "interrupt=2 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
+    }
+
+    void interruptBookkeeping()
+    {
+        QFETCH(QStringList, steps);
+        QFETCH(QStringList, mcu);
+        QFETCH(QStringList, radio);
+        QFETCH(QStringList, host);
+        QFETCH(QString, state);
+
+        auto window = makeWindow();
+        for (const QString &step : steps) {
+            if (step == QLatin1String("start")) {
+                window->start();
+            } else if (step.startsWith(QLatin1String("tp"))) {
+                window->onPiTpStatus(step.mid(2).toInt());
+            } else if (step.startsWith(QLatin1String("key"))) {
+                KeyEvent event(Qx::KeyShortReleased, step.mid(3).toInt());
+                QVERIFY(window->sourceKeyEvent(&event));
+            } else if (step.startsWith(QLatin1String("focus"))) {
+                window->onAudioFocusChange(step.mid(5).toInt());
+            } else if (step == QLatin1String("src6")) {
+                window->onSourceChange(0, 6);
+            } else if (step == QLatin1String("seek")) {
+                window->onWorkStatus(2);
+            }
+        }
+        QCOMPARE(mcuCalls(), mcu);
+        QStringList interruptCalls;
+        for (const QString &call : radioCalls()) {
+            if (call.startsWith(QLatin1String("terminate")) || call.startsWith(QLatin1String("tune"))
+                || call.startsWith(QLatin1String("taAlarmCancel")))
+                interruptCalls.append(call);
+        }
+        QCOMPARE(interruptCalls, radio);
+        QCoreApplication::processEvents(); // posted host events
+        QCOMPARE(m_host.events, host);
+        QCOMPARE(interruptSummary(), state);
+    }
+
+    void refusedFocusStartsNothing()
+    {
+        auto window = makeWindow();
+        prefs()->setTaAlarmStatus(INTERRUPT_TA);
+        AudioManager::instance()->setFocusResult(AudioManager::FocusRefused);
+        window->start();
+        QVERIFY(!window->isActive());
+        QCOMPARE(mcuCalls(), QStringList());
+        AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
+        window->onShow(); // onShow starts the tuner
+        QVERIFY(window->isActive());
+        QCOMPARE(mcuCalls(), (QStringList{"updateAudioChannel(1)", "updateAudioStatus(7)"}));
+    }
+
+    void destroyStopsASearchFromTheSearchWindows_data()
+    {
+        QTest::addColumn<int>("currentWindow");
+        QTest::addColumn<int>("ptyState");
+        QTest::addColumn<int>("asked");
+        QTest::addColumn<bool>("terminated");
+        QTest::newRow("window 9, searching") << 9 << 3 << 1 << true;
+        QTest::newRow("window 5, searching") << 5 << 3 << 2 << true;
+        QTest::newRow("window 3, searching") << 3 << 3 << 3 << true;
+        QTest::newRow("window 1, searching") << 1 << 3 << 3 << false;
+        QTest::newRow("window 9, search over") << 9 << 6 << 1 << false;
+    }
+
+    void destroyStopsASearchFromTheSearchWindows()
+    {
+        QFETCH(int, currentWindow);
+        QFETCH(int, ptyState);
+        QFETCH(int, asked);
+        QFETCH(bool, terminated);
+
+        auto window = makeWindow(true);
+        m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), currentWindow);
+        prefs()->setPtySerchstate(ptyState);
+        g_TunerCurDSPL = 1;
+        window->onDestroy();
+        QCOMPARE(m_fakes->describedCalls(m_fakes->source()), QVector<QString>(asked, QStringLiteral("currentWindow()")).toList());
+        QCOMPARE(radioCalls(), terminated ? QStringList{"terminate()"} : QStringList());
+        QCOMPARE(g_TunerCurDSPL, 0);
+        QVERIFY(window->screenStack()->isHidden());
+        QCoreApplication::processEvents();
+        QCOMPARE(m_host.events, QStringList{"deleteDelay"});
+    }
+
+    void autoScanCompleted_data()
+    {
+        QTest::addColumn<QString>("list");
+        QTest::addColumn<bool>("stack");
+        QTest::addColumn<QList<int>>("presets"); // FM1 presets 0..2 after the store
+        QTest::addColumn<int>("lit");            // FM1 current preset id after the store
+
+        QTest::newRow("three stations, no screens") << "8800;9450;;10020;" << false << QList<int>{8800, 9450, 10020} << 0;
+        QTest::newRow("only zeros, blanks and negatives") << "0;;-5;abc" << false << QList<int>{8750, 9750, 9800} << 0;
+        QTest::newRow("with screens the stack lights the preset") << "8800;9450" << true << QList<int>{8800, 9450, 9800} << 6;
+    }
+
+    void autoScanCompleted()
+    {
+        QFETCH(QString, list);
+        QFETCH(bool, stack);
+        QFETCH(QList<int>, presets);
+        QFETCH(int, lit);
+
+        auto window = makeWindow(stack);
+        prefs()->saveRdsName(BAND_FM1, 1, QStringLiteral("OLD"));
+        prefs()->btmStart();
+        window->onAutoScanCompleted(list);
+        const Preferences::flagBand &fm1 = prefs()->bandData(BAND_FM1);
+        QCOMPARE((QList<int>{fm1.presets[0], fm1.presets[1], fm1.presets[2]}), presets);
+        QCOMPARE(fm1.currFreqId, lit);
+        const bool stored = presets.first() == 8800;
+        QCOMPARE(prefs()->rdsName(BAND_FM1, 1), stored ? QString() : QStringLiteral("OLD"));
+        if (stored)
+            QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_1").toInt(), 9450);
+    }
+
+    // The wiring: signals of the radio and source services reach the slots.
+    void radioReportsReachThePreferences()
+    {
+        auto window = makeWindow();
+        m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 9);
+        m_fakes->inServiceThread([&] {
+            emit m_fakes->radio()->stationChanged(9450, 0);
+            emit m_fakes->radio()->work_status(2);
+            emit m_fakes->radio()->ProgramName(QStringLiteral("SWR3"));
+            emit m_fakes->radio()->statusChanged(3);
+            emit m_fakes->radio()->aftaState(QStringLiteral("3"), 3);
+            emit m_fakes->radio()->seekState(3);
+        });
+        QTRY_COMPARE(prefs()->PTYSeachState(), 3);
+        QCOMPARE(prefs()->playFreq(), 9450);
+        QCOMPARE(prefs()->workState(), 2);
+        QCOMPARE(prefs()->curRdsName(), QStringLiteral("SWR3"));
+        QCOMPARE(prefs()->rdsState(), 3);
+        QCOMPARE(prefs()->ta(), true);
+        QCOMPARE(prefs()->af(), true);
+        // A PTY search reported while the search window (9) is current is stopped.
+        QTRY_COMPARE(radioCalls().filter("terminate"), QStringList{"terminate()"});
+
+        prefs()->setTaAlarmStatus(INTERRUPT_ALARM);
+        prefs()->setCancelAlarm(true);
+        m_fakes->inServiceThread([&] { emit m_fakes->source()->windowAndSourceChanged(3, 6); });
+        QTRY_COMPARE(prefs()->cancelAlarm(), false);
+    }
+
+    void createBuildsTheStackOnceAndResumesIt()
+    {
+        auto window = makeWindow();
+        window->onCreate();
+        MainWidget *stack = window->screenStack();
+        QVERIFY(stack);
+        QCOMPARE(window->mainWidget(), static_cast<QWidget *>(stack));
+        window->onDestroy();
+        window->onCreate();
+        QCOMPARE(window->screenStack(), stack);
+        QVERIFY(!stack->player()->isHidden());
+        QCOMPARE(g_TunerCurDSPL, 0); // resume() shows the player without touching the display number
+        delete stack; // the host may delete the widget: the window lets go of it
+        QCOMPARE(window->screenStack(), nullptr);
+        KeyEvent key(Qx::KeyShortReleased, 66);
+        QVERIFY(window->sourceKeyEvent(&key)); // no stack: nothing to forward to, no crash
+        QCOMPARE(window->name(), QStringLiteral("tuner"));
+        QCOMPARE(window->clientId(), QStringLiteral("tuner"));
+        QCOMPARE(window->keyEvent(&key), false);
+    }
 
 private:
     // A window with its start-up traffic settled and forgotten; with the
     // screen stack built if asked.
-    std::unique_ptr<MainWindow> makeWindow(bool withStack = false);
+
+    std::unique_ptr<MainWindow> makeWindow(bool withStack = false)
+    {
+        auto window = std::make_unique<MainWindow>();
+        if (withStack)
+            window->onCreate();
+        forgetCalls();
+        return window;
+    }
 
     HostRecorder m_host;
 };
-
-void tst_MainWindow::initTestCase()
-{
-    QVERIFY(startServices());
-    cm::BaseWindow::setHost(&m_host);
-}
-
-void tst_MainWindow::init()
-{
-    newState();
-    bus::ReplyBatch::forgetUnresponsiveServices();
-    m_fakes->clearCalls();
-    m_host.events.clear();
-    AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
-    for (ServiceBackend *b : {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
-        b->setHung(false);
-        b->setMalformed(false);
-        b->clearAnswers();
-    }
-    m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 1);
-}
-
-void tst_MainWindow::cleanup()
-{
-    m_state.reset();
-    if (!m_fakes->start())
-        QFAIL("fakes did not come back");
-}
-
-std::unique_ptr<MainWindow> tst_MainWindow::makeWindow(bool withStack)
-{
-    auto window = std::make_unique<MainWindow>();
-    if (withStack)
-        window->onCreate();
-    forgetCalls();
-    return window;
-}
-
-void tst_MainWindow::startupReadsTheRadioInOrder_data()
-{
-    QTest::addColumn<int>("bandSwitch");
-    QTest::addColumn<int>("bandId");
-    QTest::addColumn<int>("piTp");
-    QTest::addColumn<QStringList>("afTaCommands");
-    QTest::addColumn<QList<int>>("lastBands"); // band_FM, band_AM
-
-    QTest::newRow("FM2") << 0 << 1 << 0 << QStringList{"setTa(true)", "setAf(false)"} << QList<int>{1, 3};
-    QTest::newRow("AM2: AF and TA sent off") << 1 << 4 << 0 << QStringList{"setTa(false)", "setAf(false)"} << QList<int>{0, 4};
-    QTest::newRow("announcement already running") << 0 << 0 << 3 << QStringList{"setTa(true)", "setAf(false)"} << QList<int>{0, 3};
-}
-
-void tst_MainWindow::startupReadsTheRadioInOrder()
-{
-    QFETCH(int, bandSwitch);
-    QFETCH(int, bandId);
-    QFETCH(int, piTp);
-    QFETCH(QStringList, afTaCommands);
-    QFETCH(QList<int>, lastBands);
-
-    NiloRadioServiceBackend *radio = m_fakes->radio();
-    const QVariantMap answers{
-        {"bandSwitch", bandSwitch}, {"bandId", bandId},
-        {"fmList", "8800;8930;9050;9190;9310;9450;9580;9720;9870;10020;10150;10280"},
-        {"amList", "585;693;909"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
-        {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
-        {"bandCurFreq", "9000;9450;10020;999;1089"}, {"bandPos", "1;2;0;3;0"},
-        {"initLocal", 1}, {"initRegional", 0}, {"initAfTaList", "2;1;3"}, {"initAfTa", 2},
-        {"initPsName1", "BBC R2;NDR 2"}, {"initPsName2", "SWR3"}, {"piTpStatus", piTp},
-        {"rdsProgramName", "NDR 2"}, {"RDSstate", 3}};
-    for (auto it = answers.cbegin(); it != answers.cend(); ++it)
-        radio->setAnswer(it.key(), it.value());
-
-    MainWindow window;
-
-    // Every getter goes out before any command that follows from the answers.
-    QStringList expected{"bandSwitch()", "bandId()", "fmList()", "amList()", "fmMaxFreq()", "fmMinFreq()",
-                         "fmStep()", "amMaxFreq()", "amMinFreq()", "amStep()", "bandCurFreq()", "bandPos()",
-                         "initLocal()", "initRegional()", "initAfTaList()", "initAfTa()", "initPsName1()",
-                         "initPsName2()", "piTpStatus()", "rdsProgramName()", "RDSstate()"};
-    expected << afTaCommands;
-    QCOMPARE(radioCalls(), expected);
-    QCOMPARE(mcuCalls(), QStringList());
-
-    Preferences *p = prefs();
-    QCOMPARE(int(p->band()), bandId);
-    QCOMPARE((QList<int>{p->band_FM(), p->band_AM()}), lastBands);
-    QCOMPARE(p->isLocal(), true);
-    QCOMPARE(p->regional(), false);
-    QCOMPARE(p->ta(), true);
-    QCOMPARE(p->af(), false);
-    QCOMPARE(p->bandData(BAND_FM2).currFreq, 9450);
-    QCOMPARE(p->bandData(BAND_FM2).currFreqId, 1);
-    QCOMPARE(p->bandData(BAND_AM1).currFreqId, 2);
-    QCOMPARE(p->bandData(BAND_FM2).presets[5], 10280);
-    QCOMPARE(p->bandData(BAND_FM1).ta[0], true);
-    QCOMPARE(p->rdsName(BAND_FM1, 1), QStringLiteral("NDR 2"));
-    QCOMPARE(p->rdsName(BAND_FM2, 3), QStringLiteral("SWR3"));
-    QCOMPARE(p->curRdsName(), QStringLiteral("NDR 2"));
-    QCOMPARE(p->rdsState(), 3);
-    QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), bandId);
-    QCOMPARE(m_state->radioConfValue("Tune/Local").toBool(), true);
-    QCOMPARE(m_state->radioConfValue("Freq/FM1/CurrFreq").toInt(), 9450);
-    QCOMPARE(m_state->radioConfValue("Freq/FM0/TA_0").toBool(), true);
-    // Not yet active: an announcement in progress is only noted.
-    QCOMPARE(int(p->taOrAlarm()), piTp == 3 ? 2 : 0);
-    QCOMPARE(p->SouOffTa(), piTp == 3);
-}
-
-void tst_MainWindow::startupKeepsTheStoredStateWhenTheRadioFails_data()
-{
-    QTest::addColumn<QString>("failure");
-    QTest::addColumn<bool>("serviceRead");
-    // The slow row runs first: a hung owner is remembered and later batches to it wait less.
-    QTest::newRow("answers each getter 600 ms late: read") << "slow" << true;
-    QTest::newRow("absent: stored state kept") << "absent" << false;
-    QTest::newRow("hung: stored state kept") << "hung" << false;
-    QTest::newRow("answers garbage: stored state kept") << "malformed" << false;
-}
-
-void tst_MainWindow::startupKeepsTheStoredStateWhenTheRadioFails()
-{
-    QFETCH(QString, failure);
-    QFETCH(bool, serviceRead);
-    const QByteArray stored = "[Freq]\nAM4\\CurrFreq=1089\nAM4\\preset_2=999\n\n"
-                              "[Tune]\nBand_AM=4\nCurrBand=4\nLocal=true\nRegional=false\nAf=false\nta=true\n";
-    QDir().mkpath(QFileInfo(m_state->radioConf()).absolutePath());
-    QFile file(m_state->radioConf());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(stored);
-    file.close();
-
-    NiloRadioServiceBackend *radio = m_fakes->radio();
-    for (const auto &[getter, value] : {std::pair<const char *, QVariant>{"bandId", 1}, {"bandPos", "1;1;1;1;1"},
-                                        {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
-                                        {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
-                                        {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}})
-        radio->setAnswer(QLatin1String(getter), value);
-    if (failure == QLatin1String("absent"))
-        m_fakes->stop();
-    radio->setHung(failure == QLatin1String("hung"));
-    radio->setMalformed(failure == QLatin1String("malformed"));
-    radio->setReplyDelay(failure == QLatin1String("slow") ? 600 : 0);
-    if (!serviceRead)
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("did not answer bandSwitch, bandId, .*RDSstate ; the stored state is kept"));
-
-    QElapsedTimer clock;
-    clock.start();
-    MainWindow window;
-    qInfo("start-up with the radio service %s took %lld ms", qPrintable(failure), clock.elapsed());
-    radio->setReplyDelay(0);
-
-    Preferences *p = prefs();
-    QCOMPARE(p->ta(), true); // stored, or read as initAfTa 2
-    if (serviceRead) {
-        QCOMPARE(int(p->band()), 1);
-        QCOMPARE(p->playFreq(), 9450);
-        return;
-    }
-    QCOMPARE(int(p->band()), 4);
-    QCOMPARE(p->playFreq(), 1089);
-    QCOMPARE(p->favoritAt(2), 999);
-    QCOMPARE(p->isLocal(), true);
-    QCOMPARE(p->regional(), false);
-    // Nothing derived from a default reached the radio or the file.
-    QCOMPARE(radioCalls().filter(QRegularExpression("^set")), QStringList());
-    p->flush();
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), stored);
-}
-
-void tst_MainWindow::sourceKeys_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("phase");
-    QTest::addColumn<int>("workState");
-    QTest::addColumn<int>("display");
-    QTest::addColumn<QString>("interrupt");
-    QTest::addColumn<bool>("consumed");
-    QTest::addColumn<QStringList>("radio");
-    QTest::addColumn<QStringList>("mcu");
-
-    const QStringList none;
-    const QStringList beep0{"triggerBeep(0)"};
-    const QStringList beep1{"triggerBeep(1)"};
-    const QStringList up{"setPreset(0)", "setTa(false)", "setAf(true)"};
-    // After a start-up with no answers AF, TA and Regional are off.
-    // key, phase, work state, display, interrupt, consumed, radio, mcu
-    QTest::newRow("7 down beeps, not consumed") << 7 << 1002 << 0 << 1 << "none" << false << none << beep0;
-    QTest::newRow("7 short release steps up") << 7 << 1003 << 0 << 1 << "none" << true << up << none;
-    QTest::newRow("161 long press seeks up") << 161 << 1004 << 0 << 1 << "none" << true << QStringList{"seekForward()"} << beep1;
-    QTest::newRow("7 long release not served") << 7 << 1005 << 0 << 1 << "none" << false << none << none;
-    QTest::newRow("7 during auto store not served") << 7 << 1003 << 1 << 1 << "none" << false << none << none;
-    QTest::newRow("8 short release steps down") << 8 << 1003 << 0 << 1 << "none" << true << up << none;
-    QTest::newRow("118 long press seeks down") << 118 << 1004 << 0 << 1 << "none" << true << QStringList{"seekBackward()"} << beep1;
-    QTest::newRow("33 down beeps") << 33 << 1002 << 0 << 1 << "none" << false << none << beep0;
-    QTest::newRow("122 short release changes band") << 122 << 1003 << 0 << 1 << "none" << true << QStringList{"setband(1)"} << none;
-    QTest::newRow("33 during auto store stops it first") << 33 << 1003 << 1 << 1 << "none" << true << QStringList{"terminate()", "setband(1)"} << none;
-    QTest::newRow("36 down while idle only beeps") << 36 << 1002 << 0 << 1 << "none" << true << none << beep0;
-    QTest::newRow("36 down during auto store stops it") << 36 << 1002 << 1 << 1 << "none" << true << QStringList{"terminate()"} << beep0;
-    QTest::newRow("36 short release selects") << 36 << 1003 << 0 << 1 << "none" << true << QStringList{"setPreset(2)", "setTa(false)", "setAf(true)"} << none;
-    QTest::newRow("36 short release during auto store is swallowed") << 36 << 1003 << 1 << 1 << "none" << true << none << none;
-    QTest::newRow("39 long press stores") << 39 << 1004 << 0 << 1 << "none" << true << QStringList{"savePreset(5)"} << beep1;
-    QTest::newRow("39 long press during auto store stores nothing") << 39 << 1004 << 1 << 1 << "none" << true << none << none;
-    QTest::newRow("44 down steps up at once") << 44 << 1002 << 0 << 1 << "none" << true << up << beep0;
-    QTest::newRow("121 short release consumed") << 121 << 1003 << 0 << 1 << "none" << true << none << none;
-    QTest::newRow("116 long press steps down") << 116 << 1004 << 0 << 1 << "none" << true << up << none;
-    QTest::newRow("45 during auto store not served") << 45 << 1002 << 1 << 1 << "none" << false << none << none;
-    QTest::newRow("46 short release seeks down") << 46 << 1003 << 0 << 1 << "none" << true << QStringList{"seekBackward()"} << none;
-    QTest::newRow("46 long press starts manual minus") << 46 << 1004 << 0 << 1 << "none" << true << QStringList{"keyLongPress(1)"} << beep1;
-    QTest::newRow("47 long release ends manual plus") << 47 << 1005 << 0 << 1 << "none" << true << QStringList{"tune(8750)", "keyLongPress(0)"} << none;
-    QTest::newRow("47 down beeps, not consumed") << 47 << 1002 << 0 << 1 << "none" << false << none << beep0;
-    QTest::newRow("125 down while seeking") << 125 << 1002 << 2 << 1 << "none" << true << none << beep0;
-    QTest::newRow("125 release while seeking stops") << 125 << 1003 << 3 << 1 << "none" << true << QStringList{"terminate()"} << none;
-    QTest::newRow("125 release during auto store stops") << 125 << 1003 << 1 << 1 << "none" << true << QStringList{"terminate()"} << none;
-    QTest::newRow("125 while idle not served") << 125 << 1003 << 0 << 1 << "none" << false << none << none;
-    QTest::newRow("PTY list on display") << 7 << 1003 << 0 << 3 << "none" << false << none << none;
-    QTest::newRow("search popup on display") << 33 << 1002 << 0 << 4 << "none" << false << none << none;
-    QTest::newRow("option list on display is served") << 7 << 1003 << 0 << 2 << "none" << true << up << none;
-    QTest::newRow("live announcement blocks tuner keys") << 7 << 1003 << 0 << 1 << "ta" << false << none << none;
-    QTest::newRow("cancelled announcement lets them through") << 7 << 1003 << 0 << 1 << "ta-cancelled" << true << up << none;
-    QTest::newRow("live alarm blocks tuner keys") << 44 << 1002 << 0 << 1 << "alarm" << false << none << none;
-    QTest::newRow("unknown key") << 999 << 1003 << 0 << 1 << "none" << false << none << none;
-    QTest::newRow("177 AF off, on any phase") << 177 << 1002 << 0 << 1 << "none" << false << QStringList{"setAf(false)", "rdsCtrl(false,false,false)"} << none;
-    QTest::newRow("178 AF on") << 178 << 1003 << 0 << 1 << "none" << false << QStringList{"setAf(true)", "rdsCtrl(false,true,false)"} << none;
-    QTest::newRow("180 TA on") << 180 << 1003 << 0 << 1 << "none" << false << QStringList{"rdsCtrl(true,false,false)", "setTa(true)"} << none;
-    QTest::newRow("179 TA off even during an announcement") << 179 << 1004 << 0 << 1 << "ta" << false << QStringList{"rdsCtrl(false,false,false)", "setTa(false)"} << none;
-    QTest::newRow("182 Local on") << 182 << 1003 << 0 << 1 << "none" << false << QStringList{"config(true,1,1)"} << none;
-    QTest::newRow("181 Local off") << 181 << 1002 << 0 << 1 << "none" << false << QStringList{"config(false,1,1)"} << none;
-    QTest::newRow("66 down does not cancel") << 66 << 1002 << 0 << 1 << "ta" << false << none << none;
-}
-
-void tst_MainWindow::sourceKeys()
-{
-    QFETCH(int, key);
-    QFETCH(int, phase);
-    QFETCH(int, workState);
-    QFETCH(int, display);
-    QFETCH(QString, interrupt);
-    QFETCH(bool, consumed);
-    QFETCH(QStringList, radio);
-    QFETCH(QStringList, mcu);
-
-    auto window = makeWindow();
-    Preferences *p = prefs();
-    p->setWorkState(workState);
-    g_TunerCurDSPL = display;
-    if (interrupt.startsWith(QLatin1String("ta")))
-        p->setTaAlarmStatus(INTERRUPT_TA);
-    else if (interrupt == QLatin1String("alarm"))
-        p->setTaAlarmStatus(INTERRUPT_ALARM);
-    p->setCancelTa(interrupt == QLatin1String("ta-cancelled"));
-
-    KeyEvent event(Qx::EventType(phase), key);
-    QCOMPARE(window->sourceKeyEvent(&event), consumed);
-    QCOMPARE(radioCalls(), radio);
-    QCOMPARE(mcuCalls(), mcu);
-}
-
-void tst_MainWindow::bandKeys_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("stack");
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("newBand");
-    QTest::addColumn<QStringList>("radio");
-
-    // With screens the player's band cycle runs on from the band set here.
-    QTest::newRow("184 without screens goes to AM1") << 184 << false << 0 << 3 << QStringList{"setband(3)"};
-    QTest::newRow("184 on FM goes to AM1 by way of FM3") << 184 << true << 0 << 3 << QStringList{"setband(3)"};
-    QTest::newRow("184 on AM2 goes to AM1") << 184 << true << 4 << 3 << QStringList{"setband(3)"};
-    QTest::newRow("185 without screens goes to FM1") << 185 << false << 4 << 0 << QStringList{"setband(0)"};
-    QTest::newRow("185 on FM3 goes to FM1") << 185 << true << 2 << 0 << QStringList{"setband(0)"};
-    QTest::newRow("185 on AM goes to FM1 by way of AM2") << 185 << true << 3 << 0 << QStringList{"setband(0)"};
-}
-
-void tst_MainWindow::bandKeys()
-{
-    QFETCH(int, key);
-    QFETCH(bool, stack);
-    QFETCH(int, band);
-    QFETCH(int, newBand);
-    QFETCH(QStringList, radio);
-
-    auto window = makeWindow(stack);
-    prefs()->setBand(Band(band));
-    KeyEvent event(Qx::KeyShortReleased, key);
-    QCOMPARE(window->sourceKeyEvent(&event), false);
-    QCOMPARE(int(prefs()->band()), newBand);
-    QCOMPARE(radioCalls().filter(QStringLiteral("setband")).mid(0, 1), radio);
-}
-
-void tst_MainWindow::presetKeyRepeatsEverySecondUntilReleased_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("release");
-    QTest::addColumn<int>("expected"); // preset id after the first repeat
-    QTest::newRow("44 up, long release") << 44 << int(Qx::KeyLongReleased) << 1;
-    QTest::newRow("116 down, short release") << 116 << int(Qx::KeyShortReleased) << 5; // FM3 preset 6
-}
-
-void tst_MainWindow::presetKeyRepeatsEverySecondUntilReleased()
-{
-    QFETCH(int, key);
-    QFETCH(int, release);
-    QFETCH(int, expected);
-
-    auto window = makeWindow();
-    KeyEvent longPress(Qx::KeyLongPressed, key);
-    QVERIFY(window->sourceKeyEvent(&longPress)); // one step at once ...
-    TUNER_VERIFY_AFTER_PERIOD(1000, prefs()->playFreqId() == expected); // ... and one a second later
-    KeyEvent releaseEvent(Qx::EventType(release), key);
-    QVERIFY(window->sourceKeyEvent(&releaseEvent));
-    const int after = prefs()->playFreqId();
-    QTest::qWait(1200); // one repeat period: nothing more may happen
-    QCOMPARE(prefs()->playFreqId(), after);
-}
-
-void tst_MainWindow::interruptBookkeeping_data()
-{
-    QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QStringList>("mcu");
-    QTest::addColumn<QStringList>("radio"); // terminate, tune and taAlarmCancel only
-    QTest::addColumn<QStringList>("host");
-    QTest::addColumn<QString>("state");
-
-    const QString ch = QStringLiteral("updateAudioChannel(1)");
-    const QString on = QStringLiteral("updateAudioStatus(7)");
-    const QString off = QStringLiteral("updateAudioStatus(8)");
-    const QString beep = QStringLiteral("triggerBeep(0)");
-    const QStringList none;
-
-    QTest::newRow("announcement starts and ends")
-        << QStringList{"start", "tp3", "tp4"} << QStringList{ch, on, off} << none << none
-        << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("announcement while inactive is noted, shown at start")
-        << QStringList{"tp3", "start"} << QStringList{ch, on} << none << none
-        << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("announcement ends while inactive")
-        << QStringList{"tp3", "tp4", "start"} << QStringList{ch} << none << none
-        << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("alarm over a live announcement, which comes back")
-        << QStringList{"start", "tp3", "tp5", "tp6"} << QStringList{ch, on, on, off, on} << none << none
-        << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("announcement during an alarm waits for its end")
-        << QStringList{"start", "tp5", "tp3", "tp6"} << QStringList{ch, on, off, on} << none << none
-        << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("alarm while inactive, shown at start")
-        << QStringList{"tp5", "start"} << QStringList{ch, on} << none << none
-        << "interrupt=1 ta=0 alarm=1 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("cancel key during an announcement")
-        << QStringList{"start", "tp3", "key66"} << QStringList{ch, on, beep, off} << QStringList{"taAlarmCancel(1)"}
-        << QStringList{"1008:5"} << "interrupt=2 ta=1 alarm=0 cancelTa=1 cancelAlarm=0";
-    QTest::newRow("cancel key during an alarm")
-        << QStringList{"start", "tp5", "key114"} << QStringList{ch, on, beep, off} << none << QStringList{"1008:5"}
-        << "interrupt=1 ta=0 alarm=1 cancelTa=0 cancelAlarm=1";
-    QTest::newRow("cancel key on an alarm over a live announcement brings it back")
-        << QStringList{"start", "tp3", "tp5", "key163"} << QStringList{ch, on, on, beep, off, on} << none << none
-        << "interrupt=2 ta=1 alarm=1 cancelTa=0 cancelAlarm=1";
-    QTest::newRow("cancel key without an interrupt")
-        << QStringList{"start", "key176"} << QStringList{ch, off} << none << none
-        << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("source 6 lifts the announcement's cancel")
-        << QStringList{"start", "tp3", "key66", "src6"} << QStringList{ch, on, beep, off} << QStringList{"taAlarmCancel(1)"}
-        << QStringList{"1008:5"} << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("focus lost during an announcement")
-        << QStringList{"start", "tp3", "focus-1"} << QStringList{ch, on, off} << QStringList{"terminate()", "taAlarmCancel(1)"}
-        << none << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("announcement ends after focus was lost")
-        << QStringList{"start", "tp3", "focus-1", "tp4"} << QStringList{ch, on, off, off}
-        << QStringList{"terminate()", "taAlarmCancel(1)"} << none << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("alarm ends after focus was lost")
-        << QStringList{"start", "tp5", "focus-1", "tp6"} << QStringList{ch, on, off, off} << QStringList{"terminate()"}
-        << none << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("focus lost while seeking retunes")
-        << QStringList{"start", "seek", "focus-2"} << QStringList{ch} << QStringList{"terminate()", "tune(8750)"} << none
-        << "interrupt=0 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("other focus changes are ignored")
-        << QStringList{"start", "tp3", "focus-3", "focus1"} << QStringList{ch, on} << none << none
-        << "interrupt=2 ta=1 alarm=0 cancelTa=0 cancelAlarm=0";
-    QTest::newRow("after focus loss an announcement is only noted")
-        << QStringList{"start", "focus-1", "tp3"} << QStringList{ch} << QStringList{"terminate()"} << none
-        << "interrupt=2 ta=0 alarm=0 cancelTa=0 cancelAlarm=0";
-}
-
-void tst_MainWindow::interruptBookkeeping()
-{
-    QFETCH(QStringList, steps);
-    QFETCH(QStringList, mcu);
-    QFETCH(QStringList, radio);
-    QFETCH(QStringList, host);
-    QFETCH(QString, state);
-
-    auto window = makeWindow();
-    for (const QString &step : steps) {
-        if (step == QLatin1String("start")) {
-            window->start();
-        } else if (step.startsWith(QLatin1String("tp"))) {
-            window->onPiTpStatus(step.mid(2).toInt());
-        } else if (step.startsWith(QLatin1String("key"))) {
-            KeyEvent event(Qx::KeyShortReleased, step.mid(3).toInt());
-            QVERIFY(window->sourceKeyEvent(&event));
-        } else if (step.startsWith(QLatin1String("focus"))) {
-            window->onAudioFocusChange(step.mid(5).toInt());
-        } else if (step == QLatin1String("src6")) {
-            window->onSourceChange(0, 6);
-        } else if (step == QLatin1String("seek")) {
-            window->onWorkStatus(2);
-        }
-    }
-    QCOMPARE(mcuCalls(), mcu);
-    QStringList interruptCalls;
-    for (const QString &call : radioCalls()) {
-        if (call.startsWith(QLatin1String("terminate")) || call.startsWith(QLatin1String("tune"))
-            || call.startsWith(QLatin1String("taAlarmCancel")))
-            interruptCalls.append(call);
-    }
-    QCOMPARE(interruptCalls, radio);
-    QCoreApplication::processEvents(); // posted host events
-    QCOMPARE(m_host.events, host);
-    QCOMPARE(interruptSummary(), state);
-}
-
-void tst_MainWindow::refusedFocusStartsNothing()
-{
-    auto window = makeWindow();
-    prefs()->setTaAlarmStatus(INTERRUPT_TA);
-    AudioManager::instance()->setFocusResult(AudioManager::FocusRefused);
-    window->start();
-    QVERIFY(!window->isActive());
-    QCOMPARE(mcuCalls(), QStringList());
-    AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
-    window->onShow(); // onShow starts the tuner
-    QVERIFY(window->isActive());
-    QCOMPARE(mcuCalls(), (QStringList{"updateAudioChannel(1)", "updateAudioStatus(7)"}));
-}
-
-void tst_MainWindow::destroyStopsASearchFromTheSearchWindows_data()
-{
-    QTest::addColumn<int>("currentWindow");
-    QTest::addColumn<int>("ptyState");
-    QTest::addColumn<int>("asked");
-    QTest::addColumn<bool>("terminated");
-    QTest::newRow("window 9, searching") << 9 << 3 << 1 << true;
-    QTest::newRow("window 5, searching") << 5 << 3 << 2 << true;
-    QTest::newRow("window 3, searching") << 3 << 3 << 3 << true;
-    QTest::newRow("window 1, searching") << 1 << 3 << 3 << false;
-    QTest::newRow("window 9, search over") << 9 << 6 << 1 << false;
-}
-
-void tst_MainWindow::destroyStopsASearchFromTheSearchWindows()
-{
-    QFETCH(int, currentWindow);
-    QFETCH(int, ptyState);
-    QFETCH(int, asked);
-    QFETCH(bool, terminated);
-
-    auto window = makeWindow(true);
-    m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), currentWindow);
-    prefs()->setPtySerchstate(ptyState);
-    g_TunerCurDSPL = 1;
-    window->onDestroy();
-    QCOMPARE(m_fakes->describedCalls(m_fakes->source()), QVector<QString>(asked, QStringLiteral("currentWindow()")).toList());
-    QCOMPARE(radioCalls(), terminated ? QStringList{"terminate()"} : QStringList());
-    QCOMPARE(g_TunerCurDSPL, 0);
-    QVERIFY(window->screenStack()->isHidden());
-    QCoreApplication::processEvents();
-    QCOMPARE(m_host.events, QStringList{"deleteDelay"});
-}
-
-void tst_MainWindow::autoScanCompleted_data()
-{
-    QTest::addColumn<QString>("list");
-    QTest::addColumn<bool>("stack");
-    QTest::addColumn<QList<int>>("presets"); // FM1 presets 0..2 after the store
-    QTest::addColumn<int>("lit");            // FM1 current preset id after the store
-
-    QTest::newRow("three stations, no screens") << "8800;9450;;10020;" << false << QList<int>{8800, 9450, 10020} << 0;
-    QTest::newRow("only zeros, blanks and negatives") << "0;;-5;abc" << false << QList<int>{8750, 9750, 9800} << 0;
-    QTest::newRow("with screens the stack lights the preset") << "8800;9450" << true << QList<int>{8800, 9450, 9800} << 6;
-}
-
-void tst_MainWindow::autoScanCompleted()
-{
-    QFETCH(QString, list);
-    QFETCH(bool, stack);
-    QFETCH(QList<int>, presets);
-    QFETCH(int, lit);
-
-    auto window = makeWindow(stack);
-    prefs()->saveRdsName(BAND_FM1, 1, QStringLiteral("OLD"));
-    prefs()->btmStart();
-    window->onAutoScanCompleted(list);
-    const Preferences::flagBand &fm1 = prefs()->bandData(BAND_FM1);
-    QCOMPARE((QList<int>{fm1.presets[0], fm1.presets[1], fm1.presets[2]}), presets);
-    QCOMPARE(fm1.currFreqId, lit);
-    const bool stored = presets.first() == 8800;
-    QCOMPARE(prefs()->rdsName(BAND_FM1, 1), stored ? QString() : QStringLiteral("OLD"));
-    if (stored)
-        QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_1").toInt(), 9450);
-}
-
-// The wiring: signals of the radio and source services reach the slots.
-void tst_MainWindow::radioReportsReachThePreferences()
-{
-    auto window = makeWindow();
-    m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 9);
-    m_fakes->inServiceThread([&] {
-        emit m_fakes->radio()->stationChanged(9450, 0);
-        emit m_fakes->radio()->work_status(2);
-        emit m_fakes->radio()->ProgramName(QStringLiteral("SWR3"));
-        emit m_fakes->radio()->statusChanged(3);
-        emit m_fakes->radio()->aftaState(QStringLiteral("3"), 3);
-        emit m_fakes->radio()->seekState(3);
-    });
-    QTRY_COMPARE(prefs()->PTYSeachState(), 3);
-    QCOMPARE(prefs()->playFreq(), 9450);
-    QCOMPARE(prefs()->workState(), 2);
-    QCOMPARE(prefs()->curRdsName(), QStringLiteral("SWR3"));
-    QCOMPARE(prefs()->rdsState(), 3);
-    QCOMPARE(prefs()->ta(), true);
-    QCOMPARE(prefs()->af(), true);
-    // A PTY search reported while the search window (9) is current is stopped.
-    QTRY_COMPARE(radioCalls().filter("terminate"), QStringList{"terminate()"});
-
-    prefs()->setTaAlarmStatus(INTERRUPT_ALARM);
-    prefs()->setCancelAlarm(true);
-    m_fakes->inServiceThread([&] { emit m_fakes->source()->windowAndSourceChanged(3, 6); });
-    QTRY_COMPARE(prefs()->cancelAlarm(), false);
-}
-
-void tst_MainWindow::createBuildsTheStackOnceAndResumesIt()
-{
-    auto window = makeWindow();
-    window->onCreate();
-    MainWidget *stack = window->screenStack();
-    QVERIFY(stack);
-    QCOMPARE(window->mainWidget(), static_cast<QWidget *>(stack));
-    window->onDestroy();
-    window->onCreate();
-    QCOMPARE(window->screenStack(), stack);
-    QVERIFY(!stack->player()->isHidden());
-    QCOMPARE(g_TunerCurDSPL, 0); // resume() shows the player without touching the display number
-    delete stack; // the host may delete the widget: the window lets go of it
-    QCOMPARE(window->screenStack(), nullptr);
-    KeyEvent key(Qx::KeyShortReleased, 66);
-    QVERIFY(window->sourceKeyEvent(&key)); // no stack: nothing to forward to, no crash
-    QCOMPARE(window->name(), QStringLiteral("tuner"));
-    QCOMPARE(window->clientId(), QStringLiteral("tuner"));
-    QCOMPARE(window->keyEvent(&key), false);
-}
 
 QTEST_MAIN(tst_MainWindow)
 #include "tst_mainwindow.moc"

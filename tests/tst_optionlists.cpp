@@ -25,11 +25,6 @@ using namespace tuner;
 
 namespace {
 
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
 QList<int> itemsOf(const QAbstractItemModel *model)
 {
     QList<int> items;
@@ -60,363 +55,341 @@ class tst_OptionLists : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanup();
+    void initTestCase()
+    {
+        QVERIFY(startServices());
+    }
 
-    void optionRows_data();
-    void optionRows();
-    void optionValuesFollowThePreferences();
-    void optionTaps_data();
-    void optionTaps();
-    void aTapOnTheRowReachesTheScreen();
-    void tapsOnAHiddenListAreDropped();
-    void ptyNameMap_data();
-    void ptyNameMap();
-    void ptyRows_data();
-    void ptyRows();
-    void ptyMarks_data();
-    void ptyMarks();
-    void ptyTapNamesThenChecksAndBeeps();
-    void ptyValidity_data();
-    void ptyValidity();
-    void searchPopupStates();
-    void searchPopupCloseIsTheLastThing();
+    void cleanup()
+    {
+        m_state.reset();
+        // The option table is process-wide state; every row listed again.
+        for (tagTunerOpItem_T &record : tunerOpItems)
+            record.showable = true;
+    }
+
+    void optionRows_data()
+    {
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("afTaTp");
+        QTest::addColumn<int>("regional");
+        QTest::addColumn<QList<int>>("items");
+        QTest::addColumn<bool>("scrollBar");
+
+        const QList<int> all{0, 1, 3, 2, 4, 5};
+        QTest::newRow("FM, all supported: six rows, AF before TA") << 0 << 1 << 1 << all << true;
+        QTest::newRow("AM: automatic store and Local only") << 3 << 1 << 1 << QList<int>{0, 1} << false;
+        QTest::newRow("FM without AF/TA/TP") << 1 << 0 << 1 << QList<int>{0, 1, 4, 5} << false;
+        QTest::newRow("FM without Regional") << 2 << 1 << 0 << QList<int>{0, 1, 3, 2, 5} << false;
+        QTest::newRow("FM, unknown support values keep the rows") << 0 << 7 << 9 << all << true;
+        QTest::newRow("AM, unknown support values keep the rows") << 4 << 7 << 9 << QList<int>{0, 1, 3, 2, 4} << false;
+    }
+
+    void optionRows()
+    {
+        QFETCH(int, band);
+        QFETCH(int, afTaTp);
+        QFETCH(int, regional);
+        QFETCH(QList<int>, items);
+        QFETCH(bool, scrollBar);
+        TestState::Vehicle vehicle;
+        vehicle.rdsAfTaTpSupport = afTaTp;
+        vehicle.regionalSupport = regional;
+        newState(vehicle);
+        prefs()->setBand(Band(band));
+        OptionWidget options;
+        QCOMPARE(itemsOf(options.model()), items);
+        QCOMPARE(options.findChild<QScrollBar *>("Oth_0012_scroll_bar")->isVisibleTo(&options), scrollBar);
+        // Painting every row works (and is not empty).
+        options.resize(800, 480);
+        QVERIFY(!options.grab().isNull());
+    }
+
+    void optionValuesFollowThePreferences()
+    {
+        newState();
+        prefs()->setLocal(true);
+        prefs()->setTa(false);
+        prefs()->setPtyItem(10);
+        OptionWidget options;
+        const QAbstractItemModel *model = options.model();
+        QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("Auto Store"));
+        QCOMPARE(model->index(0, 0).data(RoleCurrentValue).toString(), QString());
+        QCOMPARE(model->index(1, 0).data(RoleCurrentValue).toString(), QStringLiteral("On"));
+        QCOMPARE(model->index(3, 0).data(RoleCurrentValue).toString(), QStringLiteral("Off"));
+        QCOMPARE(model->index(5, 0).data(RoleCurrentValue).toString(), QStringLiteral("Pop Music"));
+        QCOMPARE(model->index(9, 0).data(), QVariant());
+        QCOMPARE(tunerOpItems[1].value, QStringLiteral("On")); // the table keeps the last values
+    }
+
+    void optionTaps_data()
+    {
+        QTest::addColumn<int>("item");
+        QTest::addColumn<QStringList>("emitted");
+        QTest::addColumn<QString>("changed"); // the preference toggled, "" for none
+        QTest::newRow("automatic store") << 0 << QStringList{"OpAutoScan", "backTunerPlayer"} << "";
+        QTest::newRow("Local") << 1 << QStringList{"opLocalStatus"} << "local";
+        QTest::newRow("TA") << 2 << QStringList{"opTaStatus"} << "ta";
+        QTest::newRow("AF") << 3 << QStringList{"opAfStatus"} << "af";
+        QTest::newRow("Regional") << 4 << QStringList{"opRegionalStatus"} << "regional";
+        QTest::newRow("PTY") << 5 << QStringList{"showPTYWidget"} << "";
+        QTest::newRow("unknown item only beeps") << 9 << QStringList() << "";
+    }
+
+    void optionTaps()
+    {
+        QFETCH(int, item);
+        QFETCH(QStringList, emitted);
+        QFETCH(QString, changed);
+        newState();
+        OptionWidget options;
+        Order order;
+        order.watch(&options, &OptionWidget::OpAutoScan, "OpAutoScan");
+        order.watch(&options, &OptionWidget::backTunerPlayer, "backTunerPlayer");
+        order.watch(&options, &OptionWidget::opLocalStatus, "opLocalStatus");
+        order.watch(&options, &OptionWidget::opTaStatus, "opTaStatus");
+        order.watch(&options, &OptionWidget::opAfStatus, "opAfStatus");
+        order.watch(&options, &OptionWidget::opRegionalStatus, "opRegionalStatus");
+        order.watch(&options, &OptionWidget::showPTYWidget, "showPTYWidget");
+        const bool before[] = {prefs()->isLocal(), prefs()->ta(), prefs()->af(), prefs()->regional()};
+        bool valueAtSignal = false;
+        connect(&options, &OptionWidget::opTaStatus, this, [&] { valueAtSignal = prefs()->ta(); });
+        QSignalSpy rebuilt(options.model(), &QAbstractItemModel::modelReset);
+        forgetCalls();
+
+        options.clicked(item);
+
+        QCOMPARE(order.names(), emitted);
+        QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
+        const bool after[] = {prefs()->isLocal(), prefs()->ta(), prefs()->af(), prefs()->regional()};
+        const QStringList names{"local", "ta", "af", "regional"};
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(after[i] != before[i], names[i] == changed);
+        if (changed == QLatin1String("ta"))
+            QCOMPARE(valueAtSignal, after[1]); // toggled before the signal
+        QCOMPARE(rebuilt.count(), changed.isEmpty() ? 0 : 1);
+    }
+
+    void aTapOnTheRowReachesTheScreen()
+    {
+        newState();
+        OptionWidget options;
+        options.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&options));
+        QSignalSpy local(&options, &OptionWidget::opLocalStatus);
+        auto *list = options.findChild<QListView *>("Lst_0016_tuner_option_list");
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(options.model()->index(1, 0)).center());
+        QCOMPARE(local.count(), 1);
+        QCOMPARE(options.model()->index(1, 0).data(RoleCurrentValue).toString(), QStringLiteral("On"));
+    }
+
+    void tapsOnAHiddenListAreDropped()
+    {
+        newState();
+        OptionWidget options;
+        QSignalSpy local(&options, &OptionWidget::opLocalStatus);
+        options.onItemClicked(options.model()->index(1, 0));
+        QCOMPARE(local.count(), 0);
+    }
+
+    void ptyNameMap_data()
+    {
+        QTest::addColumn<int>("support");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("RDS 1") << 1 << 1 << "News";
+        QTest::newRow("RDS 2") << 1 << 2 << "Current Affairs";
+        QTest::newRow("RDS 28") << 1 << 28 << "Folk Music";
+        QTest::newRow("RBDS 2") << 2 << 2 << "Information";
+        QTest::newRow("RBDS 3") << 2 << 3 << "Sports";
+        QTest::newRow("RBDS 24") << 2 << 24 << "Spanish Talk";
+        QTest::newRow("RBDS 29") << 2 << 29 << "Weather";
+        QTest::newRow("RBDS 27 has no name") << 2 << 27 << "";
+        QTest::newRow("code 0") << 1 << 0 << "";
+        QTest::newRow("code 30") << 1 << 30 << "";
+        QTest::newRow("unknown standard") << 3 << 10 << "";
+    }
+
+    void ptyNameMap()
+    {
+        QFETCH(int, support);
+        QFETCH(int, code);
+        QFETCH(QString, name);
+        TestState::Vehicle vehicle;
+        vehicle.rdsSupport = support;
+        newState(vehicle);
+        OptionWidget options;
+        options.onCurPTYItem(code);
+        QCOMPARE(prefs()->selectPTY(), name);
+    }
+
+    void ptyRows_data()
+    {
+        QTest::addColumn<int>("support");
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<QString>("last");
+        QTest::newRow("RDS") << 1 << 29 << "Documentary";
+        QTest::newRow("RBDS, without 27 and 28") << 2 << 27 << "Weather";
+        QTest::newRow("other: empty") << 0 << 0 << "";
+    }
+
+    void ptyRows()
+    {
+        QFETCH(int, support);
+        QFETCH(int, rows);
+        QFETCH(QString, last);
+        TestState::Vehicle vehicle;
+        vehicle.rdsSupport = support;
+        newState(vehicle);
+        PTYWidget list;
+        QCOMPARE(list.model()->rowCount(), rows);
+        if (rows > 0) {
+            QCOMPARE(list.model()->index(rows - 1, 0).data().toString(), last);
+            QCOMPARE(list.model()->index(rows - 1, 0).data(RoleItemId).toInt(), 29);
+            QCOMPARE(list.model()->index(0, 0).data(Qt::SizeHintRole).toSize(), QSize(540, 60));
+        }
+        list.resize(800, 480);
+        QVERIFY(!list.grab().isNull());
+    }
+
+    void ptyMarks_data()
+    {
+        QTest::addColumn<int>("support");
+        QTest::addColumn<int>("stored");   // the preferences' chosen type
+        QTest::addColumn<int>("received");
+        QTest::addColumn<int>("marked");   // code of the checked row, 0 for none
+        QTest::addColumn<int>("storedAfter");
+        QTest::newRow("a received type takes the mark and clears the choice") << 1 << 4 << 10 << 10 << 0;
+        QTest::newRow("received 0 keeps the mark on the choice") << 1 << 4 << 0 << 4 << 4;
+        QTest::newRow("received 30 keeps the mark on the choice") << 1 << 4 << 30 << 4 << 4;
+        QTest::newRow("RBDS 27 counts as invalid") << 2 << 5 << 27 << 5 << 5;
+        QTest::newRow("RBDS 29 is valid") << 2 << 5 << 29 << 29 << 0;
+        QTest::newRow("no valid choice, no mark") << 1 << 0 << 0 << 0 << 0;
+    }
+
+    void ptyMarks()
+    {
+        QFETCH(int, support);
+        QFETCH(int, stored);
+        QFETCH(int, received);
+        QFETCH(int, marked);
+        QFETCH(int, storedAfter);
+        TestState::Vehicle vehicle;
+        vehicle.rdsSupport = support;
+        newState(vehicle);
+        PTYWidget list;
+        prefs()->setPty(stored);
+        list.onPTYChanged(received);
+        QList<int> checked;
+        for (int row = 0; row < list.model()->rowCount(); ++row) {
+            const QModelIndex index = list.model()->index(row, 0);
+            if (index.data(Qt::CheckStateRole).toInt() == Qt::Checked)
+                checked.append(index.data(RoleItemId).toInt());
+        }
+        QCOMPARE(checked, marked ? QList<int>{marked} : QList<int>());
+        QCOMPARE(prefs()->pty(), storedAfter);
+    }
+
+    void ptyTapNamesThenChecksAndBeeps()
+    {
+        newState();
+        PTYWidget list;
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        Order order;
+        order.watch(&list, &PTYWidget::PTYSearchName, "PTYSearchName");
+        order.watch(&list, &PTYWidget::PTYChecked, "PTYChecked");
+        QSignalSpy checked(&list, &PTYWidget::PTYChecked);
+        forgetCalls();
+        list.onPTYSelected(list.model()->index(3, 0));
+        QCOMPARE(order.names(), (QStringList{"PTYSearchName", "PTYChecked"}));
+        QCOMPARE(checked.first().at(0).toInt(), 4);
+        QCOMPARE(prefs()->pty(), 4);
+        QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
+        QCOMPARE(list.model()->index(3, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        // Once a received type is marked, a tap no longer moves the mark.
+        list.onPTYChanged(10);
+        list.onPTYSelected(list.model()->index(5, 0));
+        QCOMPARE(list.model()->index(9, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        QCOMPARE(list.model()->index(5, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    }
+
+    void ptyValidity_data()
+    {
+        QTest::addColumn<int>("code");
+        QTest::addColumn<bool>("valid");
+        QTest::newRow("1 deliberately not") << 1 << false;
+        QTest::newRow("2") << 2 << true;
+        QTest::newRow("29") << 29 << true;
+        QTest::newRow("30") << 30 << false;
+    }
+
+    void ptyValidity()
+    {
+        QFETCH(int, code);
+        QFETCH(bool, valid);
+        newState();
+        PTYWidget list;
+        QCOMPARE(list.isPTYValid(code), valid);
+    }
+
+    void searchPopupStates()
+    {
+        newState();
+        prefs()->setPTYSerchName(QStringLiteral("Rock Music"));
+        prefs()->setPtySerchstate(3);
+        PTYSearchWidget popup; // built in the middle of a search
+        auto *status = popup.findChild<QLabel *>("Txt_0110_line1");
+        auto *name = popup.findChild<QLabel *>("Txt_0111_line2");
+        auto *dots = popup.findChild<QLabel *>("Txt_0464_animation");
+        QCOMPARE(status->text(), QStringLiteral("Searching"));
+        QCOMPARE(name->text(), QStringLiteral("Rock Music"));
+        QVERIFY(popup.isAnimating());
+        TUNER_VERIFY_AFTER_PERIOD(500, dots->text() == QLatin1String("."));
+        QTRY_COMPARE(dots->text(), QStringLiteral(".."));
+        popup.onPTYSerachStatus(3); // no restart, no phase jump
+        QTRY_COMPARE(dots->text(), QStringLiteral("..."));
+
+        popup.onPTYSerachName(QStringLiteral("Jazz Music"));
+        QCOMPARE(name->text(), QStringLiteral("Rock Music")); // shown with the next status
+        popup.onPTYSerachStatus(4);
+        QCOMPARE(status->text(), QStringLiteral("Not Found"));
+        QCOMPARE(name->text(), QStringLiteral("Jazz Music"));
+        QVERIFY(!popup.isAnimating());
+        QVERIFY(dots->isHidden());
+        popup.onPTYSerachStatus(6);
+        QCOMPARE(status->text(), QStringLiteral("Not Found"));
+        popup.onPTYSerachStatus(7);
+        QCOMPARE(status->text(), QStringLiteral("Not Found"));
+
+        popup.hideCloseBtn();
+        QVERIFY(popup.findChild<QWidget *>("Key_0085_close")->isHidden());
+        QVERIFY(popup.findChild<QWidget *>("Txt_0112_close")->isHidden());
+        popup.showCloseBtn();
+        QVERIFY(!popup.findChild<QWidget *>("Key_0085_close")->isHidden());
+    }
+
+    void searchPopupCloseIsTheLastThing()
+    {
+        newState();
+        auto *popup = new PTYSearchWidget;
+        popup->show();
+        QVERIFY(QTest::qWaitForWindowExposed(popup));
+        bool deleted = false;
+        // The receiver deletes the popup at once, as the screen stack does.
+        connect(popup, &PTYSearchWidget::closePTYSearchWnd, this, [&] {
+            delete popup;
+            deleted = true;
+        });
+        forgetCalls();
+        popup->onClose_0085();
+        QVERIFY(deleted);
+        QVERIFY(prefs()->closeClicked());
+        QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
+    }
 
 private:
 };
-
-void tst_OptionLists::initTestCase()
-{
-    QVERIFY(startServices());
-}
-
-void tst_OptionLists::cleanup()
-{
-    m_state.reset();
-    // The option table is process-wide state; every row listed again.
-    for (tagTunerOpItem_T &record : tunerOpItems)
-        record.showable = true;
-}
-
-void tst_OptionLists::optionRows_data()
-{
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("afTaTp");
-    QTest::addColumn<int>("regional");
-    QTest::addColumn<QList<int>>("items");
-    QTest::addColumn<bool>("scrollBar");
-
-    const QList<int> all{0, 1, 3, 2, 4, 5};
-    QTest::newRow("FM, all supported: six rows, AF before TA") << 0 << 1 << 1 << all << true;
-    QTest::newRow("AM: automatic store and Local only") << 3 << 1 << 1 << QList<int>{0, 1} << false;
-    QTest::newRow("FM without AF/TA/TP") << 1 << 0 << 1 << QList<int>{0, 1, 4, 5} << false;
-    QTest::newRow("FM without Regional") << 2 << 1 << 0 << QList<int>{0, 1, 3, 2, 5} << false;
-    QTest::newRow("FM, unknown support values keep the rows") << 0 << 7 << 9 << all << true;
-    QTest::newRow("AM, unknown support values keep the rows") << 4 << 7 << 9 << QList<int>{0, 1, 3, 2, 4} << false;
-}
-
-void tst_OptionLists::optionRows()
-{
-    QFETCH(int, band);
-    QFETCH(int, afTaTp);
-    QFETCH(int, regional);
-    QFETCH(QList<int>, items);
-    QFETCH(bool, scrollBar);
-    TestState::Vehicle vehicle;
-    vehicle.rdsAfTaTpSupport = afTaTp;
-    vehicle.regionalSupport = regional;
-    newState(vehicle);
-    prefs()->setBand(Band(band));
-    OptionWidget options;
-    QCOMPARE(itemsOf(options.model()), items);
-    QCOMPARE(options.findChild<QScrollBar *>("Oth_0012_scroll_bar")->isVisibleTo(&options), scrollBar);
-    // Painting every row works (and is not empty).
-    options.resize(800, 480);
-    QVERIFY(!options.grab().isNull());
-}
-
-void tst_OptionLists::optionValuesFollowThePreferences()
-{
-    newState();
-    prefs()->setLocal(true);
-    prefs()->setTa(false);
-    prefs()->setPtyItem(10);
-    OptionWidget options;
-    const QAbstractItemModel *model = options.model();
-    QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("Auto Store"));
-    QCOMPARE(model->index(0, 0).data(RoleCurrentValue).toString(), QString());
-    QCOMPARE(model->index(1, 0).data(RoleCurrentValue).toString(), QStringLiteral("On"));
-    QCOMPARE(model->index(3, 0).data(RoleCurrentValue).toString(), QStringLiteral("Off"));
-    QCOMPARE(model->index(5, 0).data(RoleCurrentValue).toString(), QStringLiteral("Pop Music"));
-    QCOMPARE(model->index(9, 0).data(), QVariant());
-    QCOMPARE(tunerOpItems[1].value, QStringLiteral("On")); // the table keeps the last values
-}
-
-void tst_OptionLists::optionTaps_data()
-{
-    QTest::addColumn<int>("item");
-    QTest::addColumn<QStringList>("emitted");
-    QTest::addColumn<QString>("changed"); // the preference toggled, "" for none
-    QTest::newRow("automatic store") << 0 << QStringList{"OpAutoScan", "backTunerPlayer"} << "";
-    QTest::newRow("Local") << 1 << QStringList{"opLocalStatus"} << "local";
-    QTest::newRow("TA") << 2 << QStringList{"opTaStatus"} << "ta";
-    QTest::newRow("AF") << 3 << QStringList{"opAfStatus"} << "af";
-    QTest::newRow("Regional") << 4 << QStringList{"opRegionalStatus"} << "regional";
-    QTest::newRow("PTY") << 5 << QStringList{"showPTYWidget"} << "";
-    QTest::newRow("unknown item only beeps") << 9 << QStringList() << "";
-}
-
-void tst_OptionLists::optionTaps()
-{
-    QFETCH(int, item);
-    QFETCH(QStringList, emitted);
-    QFETCH(QString, changed);
-    newState();
-    OptionWidget options;
-    Order order;
-    order.watch(&options, &OptionWidget::OpAutoScan, "OpAutoScan");
-    order.watch(&options, &OptionWidget::backTunerPlayer, "backTunerPlayer");
-    order.watch(&options, &OptionWidget::opLocalStatus, "opLocalStatus");
-    order.watch(&options, &OptionWidget::opTaStatus, "opTaStatus");
-    order.watch(&options, &OptionWidget::opAfStatus, "opAfStatus");
-    order.watch(&options, &OptionWidget::opRegionalStatus, "opRegionalStatus");
-    order.watch(&options, &OptionWidget::showPTYWidget, "showPTYWidget");
-    const bool before[] = {prefs()->isLocal(), prefs()->ta(), prefs()->af(), prefs()->regional()};
-    bool valueAtSignal = false;
-    connect(&options, &OptionWidget::opTaStatus, this, [&] { valueAtSignal = prefs()->ta(); });
-    QSignalSpy rebuilt(options.model(), &QAbstractItemModel::modelReset);
-    forgetCalls();
-
-    options.clicked(item);
-
-    QCOMPARE(order.names(), emitted);
-    QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
-    const bool after[] = {prefs()->isLocal(), prefs()->ta(), prefs()->af(), prefs()->regional()};
-    const QStringList names{"local", "ta", "af", "regional"};
-    for (int i = 0; i < 4; ++i)
-        QCOMPARE(after[i] != before[i], names[i] == changed);
-    if (changed == QLatin1String("ta"))
-        QCOMPARE(valueAtSignal, after[1]); // toggled before the signal
-    QCOMPARE(rebuilt.count(), changed.isEmpty() ? 0 : 1);
-}
-
-void tst_OptionLists::aTapOnTheRowReachesTheScreen()
-{
-    newState();
-    OptionWidget options;
-    options.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&options));
-    QSignalSpy local(&options, &OptionWidget::opLocalStatus);
-    auto *list = options.findChild<QListView *>("Lst_0016_tuner_option_list");
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(options.model()->index(1, 0)).center());
-    QCOMPARE(local.count(), 1);
-    QCOMPARE(options.model()->index(1, 0).data(RoleCurrentValue).toString(), QStringLiteral("On"));
-}
-
-void tst_OptionLists::tapsOnAHiddenListAreDropped()
-{
-    newState();
-    OptionWidget options;
-    QSignalSpy local(&options, &OptionWidget::opLocalStatus);
-    options.onItemClicked(options.model()->index(1, 0));
-    QCOMPARE(local.count(), 0);
-}
-
-void tst_OptionLists::ptyNameMap_data()
-{
-    QTest::addColumn<int>("support");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("RDS 1") << 1 << 1 << "News";
-    QTest::newRow("RDS 2") << 1 << 2 << "Current Affairs";
-    QTest::newRow("RDS 28") << 1 << 28 << "Folk Music";
-    QTest::newRow("RBDS 2") << 2 << 2 << "Information";
-    QTest::newRow("RBDS 3") << 2 << 3 << "Sports";
-    QTest::newRow("RBDS 24") << 2 << 24 << "Spanish Talk";
-    QTest::newRow("RBDS 29") << 2 << 29 << "Weather";
-    QTest::newRow("RBDS 27 has no name") << 2 << 27 << "";
-    QTest::newRow("code 0") << 1 << 0 << "";
-    QTest::newRow("code 30") << 1 << 30 << "";
-    QTest::newRow("unknown standard") << 3 << 10 << "";
-}
-
-void tst_OptionLists::ptyNameMap()
-{
-    QFETCH(int, support);
-    QFETCH(int, code);
-    QFETCH(QString, name);
-    TestState::Vehicle vehicle;
-    vehicle.rdsSupport = support;
-    newState(vehicle);
-    OptionWidget options;
-    options.onCurPTYItem(code);
-    QCOMPARE(prefs()->selectPTY(), name);
-}
-
-void tst_OptionLists::ptyRows_data()
-{
-    QTest::addColumn<int>("support");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<QString>("last");
-    QTest::newRow("RDS") << 1 << 29 << "Documentary";
-    QTest::newRow("RBDS, without 27 and 28") << 2 << 27 << "Weather";
-    QTest::newRow("other: empty") << 0 << 0 << "";
-}
-
-void tst_OptionLists::ptyRows()
-{
-    QFETCH(int, support);
-    QFETCH(int, rows);
-    QFETCH(QString, last);
-    TestState::Vehicle vehicle;
-    vehicle.rdsSupport = support;
-    newState(vehicle);
-    PTYWidget list;
-    QCOMPARE(list.model()->rowCount(), rows);
-    if (rows > 0) {
-        QCOMPARE(list.model()->index(rows - 1, 0).data().toString(), last);
-        QCOMPARE(list.model()->index(rows - 1, 0).data(RoleItemId).toInt(), 29);
-        QCOMPARE(list.model()->index(0, 0).data(Qt::SizeHintRole).toSize(), QSize(540, 60));
-    }
-    list.resize(800, 480);
-    QVERIFY(!list.grab().isNull());
-}
-
-void tst_OptionLists::ptyMarks_data()
-{
-    QTest::addColumn<int>("support");
-    QTest::addColumn<int>("stored");   // the preferences' chosen type
-    QTest::addColumn<int>("received");
-    QTest::addColumn<int>("marked");   // code of the checked row, 0 for none
-    QTest::addColumn<int>("storedAfter");
-    QTest::newRow("a received type takes the mark and clears the choice") << 1 << 4 << 10 << 10 << 0;
-    QTest::newRow("received 0 keeps the mark on the choice") << 1 << 4 << 0 << 4 << 4;
-    QTest::newRow("received 30 keeps the mark on the choice") << 1 << 4 << 30 << 4 << 4;
-    QTest::newRow("RBDS 27 counts as invalid") << 2 << 5 << 27 << 5 << 5;
-    QTest::newRow("RBDS 29 is valid") << 2 << 5 << 29 << 29 << 0;
-    QTest::newRow("no valid choice, no mark") << 1 << 0 << 0 << 0 << 0;
-}
-
-void tst_OptionLists::ptyMarks()
-{
-    QFETCH(int, support);
-    QFETCH(int, stored);
-    QFETCH(int, received);
-    QFETCH(int, marked);
-    QFETCH(int, storedAfter);
-    TestState::Vehicle vehicle;
-    vehicle.rdsSupport = support;
-    newState(vehicle);
-    PTYWidget list;
-    prefs()->setPty(stored);
-    list.onPTYChanged(received);
-    QList<int> checked;
-    for (int row = 0; row < list.model()->rowCount(); ++row) {
-        const QModelIndex index = list.model()->index(row, 0);
-        if (index.data(Qt::CheckStateRole).toInt() == Qt::Checked)
-            checked.append(index.data(RoleItemId).toInt());
-    }
-    QCOMPARE(checked, marked ? QList<int>{marked} : QList<int>());
-    QCOMPARE(prefs()->pty(), storedAfter);
-}
-
-void tst_OptionLists::ptyTapNamesThenChecksAndBeeps()
-{
-    newState();
-    PTYWidget list;
-    list.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&list));
-    Order order;
-    order.watch(&list, &PTYWidget::PTYSearchName, "PTYSearchName");
-    order.watch(&list, &PTYWidget::PTYChecked, "PTYChecked");
-    QSignalSpy checked(&list, &PTYWidget::PTYChecked);
-    forgetCalls();
-    list.onPTYSelected(list.model()->index(3, 0));
-    QCOMPARE(order.names(), (QStringList{"PTYSearchName", "PTYChecked"}));
-    QCOMPARE(checked.first().at(0).toInt(), 4);
-    QCOMPARE(prefs()->pty(), 4);
-    QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
-    QCOMPARE(list.model()->index(3, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
-    // Once a received type is marked, a tap no longer moves the mark.
-    list.onPTYChanged(10);
-    list.onPTYSelected(list.model()->index(5, 0));
-    QCOMPARE(list.model()->index(9, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
-    QCOMPARE(list.model()->index(5, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-}
-
-void tst_OptionLists::ptyValidity_data()
-{
-    QTest::addColumn<int>("code");
-    QTest::addColumn<bool>("valid");
-    QTest::newRow("1 deliberately not") << 1 << false;
-    QTest::newRow("2") << 2 << true;
-    QTest::newRow("29") << 29 << true;
-    QTest::newRow("30") << 30 << false;
-}
-
-void tst_OptionLists::ptyValidity()
-{
-    QFETCH(int, code);
-    QFETCH(bool, valid);
-    newState();
-    PTYWidget list;
-    QCOMPARE(list.isPTYValid(code), valid);
-}
-
-void tst_OptionLists::searchPopupStates()
-{
-    newState();
-    prefs()->setPTYSerchName(QStringLiteral("Rock Music"));
-    prefs()->setPtySerchstate(3);
-    PTYSearchWidget popup; // built in the middle of a search
-    auto *status = popup.findChild<QLabel *>("Txt_0110_line1");
-    auto *name = popup.findChild<QLabel *>("Txt_0111_line2");
-    auto *dots = popup.findChild<QLabel *>("Txt_0464_animation");
-    QCOMPARE(status->text(), QStringLiteral("Searching"));
-    QCOMPARE(name->text(), QStringLiteral("Rock Music"));
-    QVERIFY(popup.isAnimating());
-    TUNER_VERIFY_AFTER_PERIOD(500, dots->text() == QLatin1String("."));
-    QTRY_COMPARE(dots->text(), QStringLiteral(".."));
-    popup.onPTYSerachStatus(3); // no restart, no phase jump
-    QTRY_COMPARE(dots->text(), QStringLiteral("..."));
-
-    popup.onPTYSerachName(QStringLiteral("Jazz Music"));
-    QCOMPARE(name->text(), QStringLiteral("Rock Music")); // shown with the next status
-    popup.onPTYSerachStatus(4);
-    QCOMPARE(status->text(), QStringLiteral("Not Found"));
-    QCOMPARE(name->text(), QStringLiteral("Jazz Music"));
-    QVERIFY(!popup.isAnimating());
-    QVERIFY(dots->isHidden());
-    popup.onPTYSerachStatus(6);
-    QCOMPARE(status->text(), QStringLiteral("Not Found"));
-    popup.onPTYSerachStatus(7);
-    QCOMPARE(status->text(), QStringLiteral("Not Found"));
-
-    popup.hideCloseBtn();
-    QVERIFY(popup.findChild<QWidget *>("Key_0085_close")->isHidden());
-    QVERIFY(popup.findChild<QWidget *>("Txt_0112_close")->isHidden());
-    popup.showCloseBtn();
-    QVERIFY(!popup.findChild<QWidget *>("Key_0085_close")->isHidden());
-}
-
-void tst_OptionLists::searchPopupCloseIsTheLastThing()
-{
-    newState();
-    auto *popup = new PTYSearchWidget;
-    popup->show();
-    QVERIFY(QTest::qWaitForWindowExposed(popup));
-    bool deleted = false;
-    // The receiver deletes the popup at once, as the screen stack does.
-    connect(popup, &PTYSearchWidget::closePTYSearchWnd, this, [&] {
-        delete popup;
-        deleted = true;
-    });
-    forgetCalls();
-    popup->onClose_0085();
-    QVERIFY(deleted);
-    QVERIFY(prefs()->closeClicked());
-    QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
-}
 
 QTEST_MAIN(tst_OptionLists)
 #include "tst_optionlists.moc"

@@ -69,39 +69,37 @@ class tst_PowerLoss : public QObject
     Q_OBJECT
 
 private slots:
-    void killedWriterNeverLeavesATornFile();
-};
-
-void tst_PowerLoss::killedWriterNeverLeavesATornFile()
-{
-    TestState state;
-    const QStringList keys = expectedKeys();
-    int writesSeen = 0;
-    for (int kill = 0; kill < kKills; ++kill) {
-        QProcess writer;
-        writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        writer.start(QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)});
-        QVERIFY(writer.waitForStarted());
-        // Killed after a random number of its writes, somewhere inside the next one.
-        const int writes = QRandomGenerator::global()->bounded(1, 12);
-        int seen = -1; // "ready" first
-        while (seen < writes && writer.waitForReadyRead(5000)) {
-            while (writer.canReadLine()) {
-                writer.readLine();
-                ++seen;
+    void killedWriterNeverLeavesATornFile()
+    {
+        TestState state;
+        const QStringList keys = expectedKeys();
+        int writesSeen = 0;
+        for (int kill = 0; kill < kKills; ++kill) {
+            QProcess writer;
+            writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+            writer.start(QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)});
+            QVERIFY(writer.waitForStarted());
+            // Killed after a random number of its writes, somewhere inside the next one.
+            const int writes = QRandomGenerator::global()->bounded(1, 12);
+            int seen = -1; // "ready" first
+            while (seen < writes && writer.waitForReadyRead(5000)) {
+                while (writer.canReadLine()) {
+                    writer.readLine();
+                    ++seen;
+                }
             }
-        }
-        writer.kill();
-        writer.waitForFinished();
-        writesSeen += seen;
+            writer.kill();
+            writer.waitForFinished();
+            writesSeen += seen;
 
-        QSettings conf(state.radioConf(), QSettings::IniFormat);
-        QCOMPARE(conf.status(), QSettings::NoError);
-        for (const QString &key : keys)
-            QVERIFY2(conf.contains(key), qPrintable(QStringLiteral("kill %1 lost %2").arg(kill).arg(key)));
+            QSettings conf(state.radioConf(), QSettings::IniFormat);
+            QCOMPARE(conf.status(), QSettings::NoError);
+            for (const QString &key : keys)
+                QVERIFY2(conf.contains(key), qPrintable(QStringLiteral("kill %1 lost %2").arg(kill).arg(key)));
+        }
+        qInfo("%d kills over %d completed rewrites: the file parsed whole every time", kKills, writesSeen);
     }
-    qInfo("%d kills over %d completed rewrites: the file parsed whole every time", kKills, writesSeen);
-}
+};
 
 int main(int argc, char **argv)
 {

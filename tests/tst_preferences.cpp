@@ -21,534 +21,499 @@ using namespace tuner;
 using Action = std::function<void(Preferences *)>;
 Q_DECLARE_METATYPE(Action)
 
-namespace {
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-} // namespace
-
 class tst_Preferences : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void persistingSetterWritesAtOnce_data();
-    void persistingSetterWritesAtOnce();
-    void snappedSettersStoreTheGridValue();
-    void badIndexesChangeNothing_data();
-    void badIndexesChangeNothing();
-    void defaultsComeFromTheDestinationsRegion_data();
-    void defaultsComeFromTheDestinationsRegion();
-    void initParsesTheServiceLists();
-    void initWithFewerBandPositionsSetsUpOnlyThoseBands();
-    void initSurvivesGarbageLists();
-    void aftaStateSetsFlagsOfFmPresets();
-    void resetAfTaWritesTheKeysCrossed();
-    void resetAfTaLeavesAmAlone();
-    void saveFreqFillsConsecutivePresets_data();
-    void saveFreqFillsConsecutivePresets();
-    void psNamesFillTheFmPresets();
-    void favoritesCountsEighteenEvenForAm();
-    void bandNameForEveryBand_data();
-    void bandNameForEveryBand();
-    void delControlCharBlanksNonAscii();
-    void toggles();
-    void unwritableFolderKeepsTheModel();
-    void oddFilesAreLeftAloneOrMovedAside_data();
-    void oddFilesAreLeftAloneOrMovedAside();
-    void writesOnlyChangesAndABurstAtOnce();
-    void namesAreStoredAsQSettingsReadsThem_data();
-    void namesAreStoredAsQSettingsReadsThem();
+    void persistingSetterWritesAtOnce_data()
+    {
+        QTest::addColumn<Action>("action");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("value");
+
+        const QString conf = QStringLiteral("radio.conf");
+        QTest::newRow("local") << Action([](Preferences *p) { p->setLocal(true); }) << conf << "Tune/Local" << "true";
+        QTest::newRow("ta") << Action([](Preferences *p) { p->setTa(true); }) << conf << "Tune/ta" << "true";
+        QTest::newRow("af") << Action([](Preferences *p) { p->setAf(false); }) << conf << "Tune/Af" << "false";
+        QTest::newRow("regional") << Action([](Preferences *p) { p->setRegional(false); }) << conf << "Tune/Regional" << "false";
+        QTest::newRow("band") << Action([](Preferences *p) { p->setBand(BAND_AM1); }) << conf << "Tune/CurrBand" << "3";
+        QTest::newRow("last FM band") << Action([](Preferences *p) { p->setBand_FM(BAND_FM3); }) << conf << "Tune/Band_FM" << "2";
+        QTest::newRow("last AM band relative") << Action([](Preferences *p) { p->setBand_AM(Band(1)); }) << conf << "Tune/Band_AM" << "1";
+        QTest::newRow("current frequency") << Action([](Preferences *p) { p->setCurrPlayFreq(9850); }) << conf << "Freq/FM0/CurrFreq" << "9850";
+        QTest::newRow("play frequency of an AM band from FM") << Action([](Preferences *p) { p->setPlayFreq(BAND_AM2, 999); })
+                                                              << conf << "Freq/AM4/CurrFreq" << "999";
+        QTest::newRow("preset id above 5 is none") << Action([](Preferences *p) { p->setCurrPlayFreqId(7); }) << conf << "Freq/FM0/CurrFreqId" << "6";
+        QTest::newRow("negative preset id kept") << Action([](Preferences *p) { p->setCurrPlayFreqId(-1); }) << conf << "Freq/FM0/CurrFreqId" << "-1";
+        QTest::newRow("clearFreqId prefix from the current band")
+            << Action([](Preferences *p) { p->clearFreqId(BAND_AM1, 0); }) << conf << "Freq/FM3/CurrFreqId" << "0";
+        QTest::newRow("clearFreqId on AM") << Action([](Preferences *p) { p->setBand(BAND_AM2); p->clearFreqId(BAND_FM2, 9); })
+                                           << conf << "Freq/AM1/CurrFreqId" << "6";
+        QTest::newRow("preset") << Action([](Preferences *p) { p->setFavoriteFreq(2, 10170); }) << conf << "Freq/FM0/preset_2" << "10170";
+        QTest::newRow("preset on AM") << Action([](Preferences *p) { p->setBand(BAND_AM1); p->setFavoriteFreq(5, 1602); })
+                                      << conf << "Freq/AM3/preset_5" << "1602";
+        QTest::newRow("TA flag") << Action([](Preferences *p) { p->setFmTa(4, true); }) << conf << "Freq/FM0/TA_4" << "true";
+        QTest::newRow("AF flag") << Action([](Preferences *p) { p->setFmAf(0, false); }) << conf << "Freq/FM0/AF_0" << "false";
+        QTest::newRow("rds name, one key for all presets")
+            << Action([](Preferences *p) { p->saveRdsName(BAND_AM1, 2, QStringLiteral("NDR 2")); })
+            << QStringLiteral("settings.ini") << "Tuner/rdsName" << "NDR 2";
+    }
+
+    void persistingSetterWritesAtOnce()
+    {
+        QFETCH(Action, action);
+        QFETCH(QString, file);
+        QFETCH(QString, key);
+        QFETCH(QString, value);
+
+        TestState state;
+        action(prefs());
+        // Read by a second settings object while the singleton lives on: the write was synced.
+        const QVariant written = file == QLatin1String("settings.ini") ? state.settingsValue(key) : state.radioConfValue(key);
+        QCOMPARE(written.toString(), value);
+    }
+
+    void snappedSettersStoreTheGridValue()
+    {
+        TestState state; // EUR: FM 8750..10800 step 5, AM 531..1602 step 9
+        prefs()->setCurrPlayFreq(9852);
+        QCOMPARE(prefs()->playFreq(), 9850);
+        prefs()->setFavoriteFreq(0, 20000);
+        QCOMPARE(prefs()->favoritAt(0), 10800);
+        QCOMPARE(state.radioConfValue("Freq/FM0/preset_0").toInt(), 10800);
+        prefs()->setPlayFreq(BAND_AM2, 1000);
+        QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 999);
+        prefs()->setPlayFreq(BAND_AM2, 100);
+        QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 531);
+    }
+
+    void badIndexesChangeNothing_data()
+    {
+        QTest::addColumn<Action>("action");
+        QTest::newRow("preset -1") << Action([](Preferences *p) { p->setFavoriteFreq(-1, 9000); });
+        QTest::newRow("preset 6") << Action([](Preferences *p) { p->setFavoriteFreq(6, 9000); });
+        QTest::newRow("TA flag 99") << Action([](Preferences *p) { p->setFmTa(99, true); });
+        QTest::newRow("AF flag -5") << Action([](Preferences *p) { p->setFmAf(-5, true); });
+        QTest::newRow("band 7") << Action([](Preferences *p) { p->setBand(Band(7)); });
+        QTest::newRow("band -1") << Action([](Preferences *p) { p->setBand(Band(-1)); });
+        QTest::newRow("last FM band 12") << Action([](Preferences *p) { p->setBand_FM(Band(12)); });
+        QTest::newRow("play frequency of band 5") << Action([](Preferences *p) { p->setPlayFreq(Band(5), 9000); });
+        QTest::newRow("clear id of band 9") << Action([](Preferences *p) { p->clearFreqId(Band(9), 0); });
+        QTest::newRow("rds name of band 5") << Action([](Preferences *p) { p->saveRdsName(Band(5), 0, QStringLiteral("X")); });
+        QTest::newRow("rds name of preset 6") << Action([](Preferences *p) { p->saveRdsName(BAND_FM1, 6, QStringLiteral("X")); });
+        QTest::newRow("save flag 6") << Action([](Preferences *p) { p->setSavePreset(6, true); });
+        QTest::newRow("saveFreq null list") << Action([](Preferences *p) { p->saveFreq(nullptr, 3); });
+        QTest::newRow("saveFreq negative count") << Action([](Preferences *p) { const int f[] = {9000}; p->saveFreq(f, -2); });
+        QTest::newRow("preset index 6") << Action([](Preferences *p) { p->setPresetIndex(6); });
+    }
+
+    void badIndexesChangeNothing()
+    {
+        QFETCH(Action, action);
+        TestState state;
+        const Preferences::flagBand before = prefs()->bandData(BAND_FM1);
+        action(prefs());
+        QCOMPARE(prefs()->band(), BAND_FM1);
+        QCOMPARE(prefs()->presetIndex(), 0);
+        const Preferences::flagBand &after = prefs()->bandData(BAND_FM1);
+        for (int i = 0; i < kPresetCount; ++i) {
+            QCOMPARE(after.presets[i], before.presets[i]);
+            QCOMPARE(after.ta[i], before.ta[i]);
+            QCOMPARE(after.af[i], before.af[i]);
+            QCOMPARE(after.rdsName[i], before.rdsName[i]);
+        }
+        QVERIFY(!QFile::exists(state.radioConf()));
+        QVERIFY(!QFile::exists(state.settingsIni()));
+        // Getters past the tables give safe values.
+        QCOMPARE(prefs()->favoritAt(6), 0);
+        QCOMPARE(prefs()->favoritBandAt(Band(5), 0), 0);
+        QCOMPARE(prefs()->fmTA(-1), false);
+        QCOMPARE(prefs()->rdsName(BAND_FM1, 9), QString());
+    }
+
+    void defaultsComeFromTheDestinationsRegion_data()
+    {
+        QTest::addColumn<int>("destination");
+        QTest::addColumn<int>("afTaTpSupport");
+        QTest::addColumn<QVector<int>>("fm0");   // low, high, step, current, preset 0, preset 5
+        QTest::addColumn<QVector<int>>("am3");
+        QTest::addColumn<bool>("af");
+
+        QTest::newRow("EUR") << 0 << 1 << QVector<int>{8750, 10800, 5, 8750, 8750, 10800} << QVector<int>{531, 1602, 9, 531, 531, 1602} << true;
+        QTest::newRow("UC without AF/TA/TP") << 1 << 0 << QVector<int>{8750, 10790, 20, 8750, 8750, 10790} << QVector<int>{530, 1710, 10, 530, 530, 1710} << false;
+        QTest::newRow("E") << 3 << 1 << QVector<int>{8750, 10800, 10, 8750, 8750, 10800} << QVector<int>{530, 1710, 10, 530, 530, 1710} << true;
+        QTest::newRow("JPN keeps its odd edges") << 7 << 1 << QVector<int>{7600, 900, 10, 7600, 7800, 8970} << QVector<int>{822, 1629, 9, 522, 594, 1422} << true;
+        QTest::newRow("unknown destination") << 2 << 1 << QVector<int>{0, 0, 0, 0, 0, 0} << QVector<int>{0, 0, 0, 0, 0, 0} << true;
+    }
+
+    void defaultsComeFromTheDestinationsRegion()
+    {
+        QFETCH(int, destination);
+        QFETCH(int, afTaTpSupport);
+        QFETCH(QVector<int>, fm0);
+        QFETCH(QVector<int>, am3);
+        QFETCH(bool, af);
+
+        TestState::Vehicle vehicle;
+        vehicle.destination = destination;
+        vehicle.rdsAfTaTpSupport = afTaTpSupport;
+        TestState state(vehicle);
+
+        const auto summary = [](const Preferences::flagBand &b) {
+            return QVector<int>{b.lowFreq, b.highFreq, b.step, b.currFreq, b.presets[0], b.presets[5]};
+        };
+        QCOMPARE(summary(prefs()->bandData(BAND_FM1)), fm0);
+        QCOMPARE(summary(prefs()->bandData(BAND_AM1)), am3);
+        QCOMPARE(prefs()->af(), af);
+        QCOMPARE(prefs()->bandData(BAND_FM3).af[5], af);
+        QCOMPARE(prefs()->isLocal(), false);
+        QCOMPARE(prefs()->regional(), true);
+        QCOMPARE(prefs()->band(), BAND_FM1);
+        QCOMPARE(prefs()->band_AM(), BAND_AM1);
+        QCOMPARE(prefs()->PTYSeachState(), 6);
+        QCOMPARE(prefs()->playFreqId(), kNoPreset);
+        // Nothing is written at start-up.
+        QVERIFY(!QFile::exists(state.radioConf()));
+    }
+
+    void initParsesTheServiceLists()
+    {
+        TestState state;
+        prefs()->init(10800, 8750, 5, 1602, 531, 9, QStringLiteral("9000;9100;9200;999;1080"),
+                      QStringLiteral("1;0;6;;2;0"),
+                      QStringLiteral("8750;;9000;9100;9200;9300;9400;9500;0;-3;9600"), QStringLiteral("531;603"));
+
+        const Preferences::flagBand &fm0 = prefs()->bandData(BAND_FM1);
+        const Preferences::flagBand &fm1 = prefs()->bandData(BAND_FM2);
+        const Preferences::flagBand &fm2 = prefs()->bandData(BAND_FM3);
+        QCOMPARE(fm0.currFreq, 9000);
+        QCOMPARE(fm0.currFreqId, 0);       // 1-based 1
+        QCOMPARE(fm1.currFreqId, kNoPreset); // 0 means none
+        QCOMPARE(fm2.currFreqId, 5);       // 6 is the last preset
+        QCOMPARE(fm0.presetIndex, 0);
+        QCOMPARE(fm2.presetIndex, 5);
+        QCOMPARE(fm2.btmFreqIdBefore, 5);
+        // Non-positive presets and empty parts are skipped; the values run on across bands.
+        QCOMPARE(QVector<int>(fm0.presets, fm0.presets + 6), (QVector<int>{8750, 9000, 9100, 9200, 9300, 9400}));
+        QCOMPARE(fm1.presets[0], 9500);
+        QCOMPARE(fm1.presets[1], 9600);
+        QCOMPARE(fm1.presets[2], 8750); // untouched region default
+        QCOMPARE(prefs()->bandData(BAND_AM1).currFreqId, 1);
+        QCOMPARE(prefs()->bandData(BAND_AM2).currFreqId, kNoPreset);
+        QCOMPARE(prefs()->bandData(BAND_AM1).presets[1], 603);
+        QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 1080);
+        QCOMPARE(prefs()->fmStep(), 5);
+        QCOMPARE(prefs()->amMaxFreq(), 1602);
+        QCOMPARE(prefs()->presetIndex(), 0);
+
+        QCOMPARE(state.radioConfValue("Freq/FM0/CurrFreqId").toInt(), 0);
+        QCOMPARE(state.radioConfValue("Freq/FM1/CurrFreqId").toInt(), 6);
+        QCOMPARE(state.radioConfValue("Freq/FM1/preset_1").toInt(), 9600);
+        QVERIFY(!state.radioConfValue("Freq/FM1/preset_2").isValid());
+        QCOMPARE(state.radioConfValue("Freq/AM4/CurrFreq").toInt(), 1080);
+    }
+
+    void initWithFewerBandPositionsSetsUpOnlyThoseBands()
+    {
+        TestState state;
+        prefs()->init(10790, 8770, 20, 1710, 530, 10, QStringLiteral("9000;9100;9200;999;1080"),
+                      QStringLiteral("2;3"), QStringLiteral("8770;8790"), QStringLiteral("530"));
+        QCOMPARE(prefs()->bandData(BAND_FM2).step, 20);
+        QCOMPARE(prefs()->bandData(BAND_FM2).currFreqId, 2);
+        QCOMPARE(prefs()->bandData(BAND_FM3).step, 5);    // region default kept
+        QCOMPARE(prefs()->bandData(BAND_AM1).step, 9);    // no AM band set up
+        QCOMPARE(prefs()->bandData(BAND_AM1).currFreq, 531);
+        QVERIFY(!state.radioConfValue("Freq/FM2/CurrFreq").isValid());
+        QCOMPARE(prefs()->presetIndex(), 1);
+    }
+
+    void initSurvivesGarbageLists()
+    {
+        TestState state;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("band_current_freq x is not a number"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("band_position junk is not a number"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("fm_list 98\\.5 is not a number"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no current frequency"));
+        prefs()->init(10800, 8750, 5, 1602, 531, 9, QStringLiteral("x"), QStringLiteral("junk;99"),
+                      QStringLiteral("98.5;9000"), QString());
+        QCOMPARE(prefs()->bandData(BAND_FM1).currFreq, 0);
+        QCOMPARE(prefs()->bandData(BAND_FM1).currFreqId, kNoPreset);
+        QCOMPARE(prefs()->bandData(BAND_FM2).currFreqId, 98);   // stored as given ...
+        QCOMPARE(prefs()->bandData(BAND_FM2).presetIndex, 0);   // ... but never used as an index
+        QCOMPARE(prefs()->bandData(BAND_FM1).presets[0], 9000);
+        QCOMPARE(prefs()->presetIndex(), 0);
+    }
+
+    void aftaStateSetsFlagsOfFmPresets()
+    {
+        TestState state;
+        prefs()->aftaState(QStringLiteral("1;2;3;0;7;;1;1;1;1;1;1;2"));
+        const Preferences::flagBand &fm0 = prefs()->bandData(BAND_FM1);
+        const QVector<bool> af{fm0.af[0], fm0.af[1], fm0.af[2], fm0.af[3], fm0.af[4], fm0.af[5]};
+        const QVector<bool> ta{fm0.ta[0], fm0.ta[1], fm0.ta[2], fm0.ta[3], fm0.ta[4], fm0.ta[5]};
+        // One code per preset: the empty sixth item is a preset with neither flag.
+        QCOMPARE(af, (QVector<bool>{true, false, true, false, false, false}));
+        QCOMPARE(ta, (QVector<bool>{false, true, true, false, false, false}));
+        QCOMPARE(prefs()->bandData(BAND_FM2).af[5], true);
+        QCOMPARE(prefs()->bandData(BAND_FM3).ta[0], true);
+        QCOMPARE(prefs()->bandData(BAND_FM3).af[0], false);
+        QCOMPARE(prefs()->bandData(BAND_FM3).af[1], true); // beyond the list: default kept
+        QCOMPARE(state.radioConfValue("Freq/FM0/AF_0").toBool(), true);
+        QCOMPARE(state.radioConfValue("Freq/FM0/TA_1").toBool(), true);
+        QCOMPARE(state.radioConfValue("Freq/FM2/TA_0").toBool(), true);
+        QVERIFY(!state.radioConfValue("Freq/FM2/TA_1").isValid());
+    }
+
+    void resetAfTaWritesTheKeysCrossed()
+    {
+        TestState state;
+        prefs()->setBand(BAND_FM2);
+        prefs()->setPresetIndex(4);
+        prefs()->btmStart();
+        prefs()->setAf(true);
+        prefs()->setTa(false);
+        prefs()->setBand(BAND_FM1); // the auto-store band counts, not the current one
+        prefs()->resetAfTa(4);
+
+        QCOMPARE(prefs()->bandData(BAND_FM2).af[4], true);
+        QCOMPARE(prefs()->bandData(BAND_FM2).ta[5], false);
+        QCOMPARE(prefs()->bandData(BAND_FM3).af[1], true);
+        QCOMPARE(state.radioConfValue("Freq/FM1/TA_4").toBool(), true);  // the AF value
+        QCOMPARE(state.radioConfValue("Freq/FM1/AF_4").toBool(), false); // the TA value
+        QCOMPARE(state.radioConfValue("Freq/FM2/TA_1").toBool(), true);
+        QVERIFY(!state.radioConfValue("Freq/FM2/TA_2").isValid());
+        QVERIFY(!state.radioConfValue("Freq/FM1/TA_3").isValid());
+    }
+
+    void resetAfTaLeavesAmAlone()
+    {
+        TestState state;
+        prefs()->setBand(BAND_AM1);
+        prefs()->btmStart();
+        QFile::remove(state.radioConf());
+        prefs()->resetAfTa(6);
+        QVERIFY(!QFile::exists(state.radioConf()));
+    }
+
+    void saveFreqFillsConsecutivePresets_data()
+    {
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("start");
+        QTest::addColumn<QVector<int>>("freqs");
+        QTest::addColumn<QStringList>("keys");
+
+        QTest::newRow("FM from band 2 preset 4: the rest is dropped")
+            << 2 << 4 << QVector<int>{9000, 9100, 9200} << QStringList{"Freq/FM2/preset_4", "Freq/FM2/preset_5"};
+        QTest::newRow("FM across a band") << 0 << 5 << QVector<int>{9000, 9100}
+                                          << QStringList{"Freq/FM0/preset_5", "Freq/FM1/preset_0"};
+        QTest::newRow("AM across a band") << 3 << 5 << QVector<int>{999, 1008}
+                                          << QStringList{"Freq/AM3/preset_5", "Freq/AM4/preset_0"};
+    }
+
+    void saveFreqFillsConsecutivePresets()
+    {
+        QFETCH(int, band);
+        QFETCH(int, start);
+        QFETCH(QVector<int>, freqs);
+        QFETCH(QStringList, keys);
+
+        TestState state;
+        prefs()->setBand(Band(band));
+        prefs()->setPresetIndex(start);
+        prefs()->btmStart();
+        QFile::remove(state.radioConf());
+        prefs()->saveFreq(freqs.constData(), freqs.size());
+        for (int i = 0; i < keys.size(); ++i)
+            QCOMPARE(state.radioConfValue(keys[i]).toInt(), freqs[i]);
+        QCOMPARE(prefs()->favoritBandAt(Band(band), start), freqs[0]);
+    }
+
+    void psNamesFillTheFmPresets()
+    {
+        TestState state;
+        prefs()->setPsName1(QStringLiteral("A;B;;D;E;F;G;H;I"));
+        prefs()->setPsName2(QStringLiteral("J;K;L;M;N;O;P;Q;R;S;T"));
+        QCOMPARE(prefs()->rdsName(BAND_FM1, 0), QStringLiteral("A"));
+        QCOMPARE(prefs()->rdsName(BAND_FM1, 2), QString());
+        QCOMPARE(prefs()->rdsName(BAND_FM2, 2), QStringLiteral("I"));
+        QCOMPARE(prefs()->rdsName(BAND_FM2, 3), QStringLiteral("J"));
+        QCOMPARE(prefs()->rdsName(BAND_FM3, 5), QStringLiteral("R"));
+        QCOMPARE(prefs()->rdsName(BAND_AM1, 0), QString()); // the list stops at the last FM preset
+        QVERIFY(!QFile::exists(state.radioConf()));
+    }
+
+    void favoritesCountsEighteenEvenForAm()
+    {
+        TestState state;
+        int out[50];
+        std::fill(std::begin(out), std::end(out), -7);
+        QCOMPARE(prefs()->favorites(out, 50), 18);
+        QCOMPARE(out[0], 8750);
+        QCOMPARE(out[6], 8750);
+        QCOMPARE(out[18], -7);
+
+        prefs()->setBand(BAND_AM2);
+        std::fill(std::begin(out), std::end(out), -7);
+        QCOMPARE(prefs()->favorites(out, 50), 18);
+        QCOMPARE(out[0], 531);
+        QCOMPARE(out[5], 1602);
+        QCOMPARE(out[11], 531);
+        QCOMPARE(out[12], -7);
+        QCOMPARE(prefs()->favorites(out, 4), 4);
+        QCOMPARE(prefs()->favorites(nullptr, 4), 0);
+    }
+
+    void bandNameForEveryBand_data()
+    {
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("textId");
+        QTest::newRow("band 0") << 0 << 39;
+        QTest::newRow("band 1 reads the second entry") << 1 << 49;
+        QTest::newRow("band 2 past the list") << 2 << 39;
+        QTest::newRow("band 3 past the list") << 3 << 49;
+        QTest::newRow("band 4 past the list") << 4 << 49;
+    }
+
+    void bandNameForEveryBand()
+    {
+        QFETCH(int, band);
+        QFETCH(int, textId);
+        TestState state;
+        prefs()->setBand(Band(band));
+        if (band >= 2)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no entry in the band name list"));
+        QCOMPARE(prefs()->bandName(), Translator::translate(textId));
+    }
+
+    void delControlCharBlanksNonAscii()
+    {
+        QCOMPARE(Preferences::delControlChar(QStringLiteral("B\u00e4yern 3\u007f~")), QStringLiteral("B yern 3 ~"));
+        QCOMPARE(Preferences::delControlChar(QString()), QString());
+    }
+
+    void toggles()
+    {
+        TestState state;
+        prefs()->togglelocal();
+        prefs()->toggleTa();
+        prefs()->toggleAf();
+        prefs()->toggleRegional();
+        QCOMPARE(prefs()->isLocal(), true);
+        QCOMPARE(prefs()->ta(), true);
+        QCOMPARE(prefs()->af(), false);
+        QCOMPARE(prefs()->regional(), false);
+        QCOMPARE(state.radioConfValue("Tune/Regional").toBool(), false);
+    }
+
+    void unwritableFolderKeepsTheModel()
+    {
+        TestState state;
+        // "system" is a file, so the configuration's folder cannot be made.
+        QFile blocker(state.root() + QLatin1String("/system"));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        Preferences::resetInstance();
+
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot be created"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("keeps its changes in memory"));
+        prefs()->setFavoriteFreq(1, 9000);
+        prefs()->flush();
+        QCOMPARE(prefs()->favoritAt(1), 9000);
+    }
+
+    void oddFilesAreLeftAloneOrMovedAside_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("warning");
+        QTest::addColumn<bool>("taken");   // the file ends up holding the new write
+        QTest::addColumn<bool>("asideKept"); // radio.conf.corrupt holds the old content
+        QTest::newRow("FIFO: never opened") << "fifo" << "is not a regular file" << false << false;
+        QTest::newRow("folder in its place") << "folder" << "is not a regular file" << false << false;
+        QTest::newRow("2 MB: left alone") << "huge" << "is too large" << false << false;
+        QTest::newRow("binary garbage: moved aside") << "garbage" << "not a valid INI file; moved aside" << true << true;
+        QTest::newRow("lines without keys: moved aside") << "text" << "not a valid INI file; moved aside" << true << true;
+    }
+
+    void oddFilesAreLeftAloneOrMovedAside()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, warning);
+        QFETCH(bool, taken);
+        QFETCH(bool, asideKept);
+        TestState state;
+        const QString path = state.radioConf();
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QByteArray old;
+        if (kind == QLatin1String("fifo")) {
+            QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        } else if (kind == QLatin1String("folder")) {
+            QVERIFY(QDir().mkpath(path));
+        } else {
+            old = kind == QLatin1String("huge")     ? QByteArray(2 * 1024 * 1024, 'x')
+                  : kind == QLatin1String("garbage") ? QByteArray("[Freq\n\x01\x02\xff=\n[[[\n=5\n")
+                                                     : QByteArray("[Tune]\nthis is no key\n");
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(old);
+        }
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+        prefs()->setFavoriteFreq(3, 9900);
+        prefs()->flush();
+        QCOMPARE(prefs()->favoritAt(3), 9900); // the model takes it either way
+        const QFileInfo info(path);
+        if (taken)
+            QCOMPARE(state.radioConfValue("Freq/FM0/preset_3").toInt(), 9900);
+        else if (kind == QLatin1String("fifo"))
+            QVERIFY(!info.isFile() && info.exists());
+        else if (kind == QLatin1String("folder"))
+            QVERIFY(info.isDir());
+        else
+            QCOMPARE(info.size(), old.size());
+        QFile aside(path + QLatin1String(".corrupt"));
+        QCOMPARE(aside.exists(), asideKept);
+        if (asideKept) {
+            QVERIFY(aside.open(QIODevice::ReadOnly));
+            QCOMPARE(aside.readAll(), old);
+        }
+    }
+
+    void writesOnlyChangesAndABurstAtOnce()
+    {
+        TestState state;
+        prefs()->init(10800, 8750, 5, 1602, 531, 9, "8800;9450;10020;999;1089", "1;0;0;0;0", "9000", "999");
+        prefs()->setTa(true);
+        QCOMPARE(prefs()->rewrites(), 0); // nothing on disk yet: the burst is still open
+        QTRY_COMPARE(prefs()->rewrites(), 1);
+        QCOMPARE(state.radioConfValue("Tune/ta").toBool(), true);
+
+        // The same values again, as after a restart of the service: nothing to write.
+        prefs()->init(10800, 8750, 5, 1602, 531, 9, "8800;9450;10020;999;1089", "1;0;0;0;0", "9000", "999");
+        prefs()->setTa(true);
+        prefs()->setCurrPlayFreq(8800);
+        prefs()->flush();
+        QCOMPARE(prefs()->rewrites(), 1);
+    }
+
+    void namesAreStoredAsQSettingsReadsThem_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("separators") << "a,b;c=d";
+        QTest::newRow("quotes and backslash") << "\"x\" \\y";
+        QTest::newRow("blanks at the ends") << " NDR 2 ";
+        QTest::newRow("leading @") << "@home";
+        QTest::newRow("umlaut and digits after it") << QString::fromUtf8("Ö3 Bayern 1");
+        QTest::newRow("empty") << "";
+    }
+
+    void namesAreStoredAsQSettingsReadsThem()
+    {
+        QFETCH(QString, name);
+        TestState state;
+        prefs()->saveRdsName(BAND_FM1, 0, name);
+        QCOMPARE(state.settingsValue("Tuner/rdsName").toString(), name);
+    }
 };
-
-void tst_Preferences::persistingSetterWritesAtOnce_data()
-{
-    QTest::addColumn<Action>("action");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("value");
-
-    const QString conf = QStringLiteral("radio.conf");
-    QTest::newRow("local") << Action([](Preferences *p) { p->setLocal(true); }) << conf << "Tune/Local" << "true";
-    QTest::newRow("ta") << Action([](Preferences *p) { p->setTa(true); }) << conf << "Tune/ta" << "true";
-    QTest::newRow("af") << Action([](Preferences *p) { p->setAf(false); }) << conf << "Tune/Af" << "false";
-    QTest::newRow("regional") << Action([](Preferences *p) { p->setRegional(false); }) << conf << "Tune/Regional" << "false";
-    QTest::newRow("band") << Action([](Preferences *p) { p->setBand(BAND_AM1); }) << conf << "Tune/CurrBand" << "3";
-    QTest::newRow("last FM band") << Action([](Preferences *p) { p->setBand_FM(BAND_FM3); }) << conf << "Tune/Band_FM" << "2";
-    QTest::newRow("last AM band relative") << Action([](Preferences *p) { p->setBand_AM(Band(1)); }) << conf << "Tune/Band_AM" << "1";
-    QTest::newRow("current frequency") << Action([](Preferences *p) { p->setCurrPlayFreq(9850); }) << conf << "Freq/FM0/CurrFreq" << "9850";
-    QTest::newRow("play frequency of an AM band from FM") << Action([](Preferences *p) { p->setPlayFreq(BAND_AM2, 999); })
-                                                          << conf << "Freq/AM4/CurrFreq" << "999";
-    QTest::newRow("preset id above 5 is none") << Action([](Preferences *p) { p->setCurrPlayFreqId(7); }) << conf << "Freq/FM0/CurrFreqId" << "6";
-    QTest::newRow("negative preset id kept") << Action([](Preferences *p) { p->setCurrPlayFreqId(-1); }) << conf << "Freq/FM0/CurrFreqId" << "-1";
-    QTest::newRow("clearFreqId prefix from the current band")
-        << Action([](Preferences *p) { p->clearFreqId(BAND_AM1, 0); }) << conf << "Freq/FM3/CurrFreqId" << "0";
-    QTest::newRow("clearFreqId on AM") << Action([](Preferences *p) { p->setBand(BAND_AM2); p->clearFreqId(BAND_FM2, 9); })
-                                       << conf << "Freq/AM1/CurrFreqId" << "6";
-    QTest::newRow("preset") << Action([](Preferences *p) { p->setFavoriteFreq(2, 10170); }) << conf << "Freq/FM0/preset_2" << "10170";
-    QTest::newRow("preset on AM") << Action([](Preferences *p) { p->setBand(BAND_AM1); p->setFavoriteFreq(5, 1602); })
-                                  << conf << "Freq/AM3/preset_5" << "1602";
-    QTest::newRow("TA flag") << Action([](Preferences *p) { p->setFmTa(4, true); }) << conf << "Freq/FM0/TA_4" << "true";
-    QTest::newRow("AF flag") << Action([](Preferences *p) { p->setFmAf(0, false); }) << conf << "Freq/FM0/AF_0" << "false";
-    QTest::newRow("rds name, one key for all presets")
-        << Action([](Preferences *p) { p->saveRdsName(BAND_AM1, 2, QStringLiteral("NDR 2")); })
-        << QStringLiteral("settings.ini") << "Tuner/rdsName" << "NDR 2";
-}
-
-void tst_Preferences::persistingSetterWritesAtOnce()
-{
-    QFETCH(Action, action);
-    QFETCH(QString, file);
-    QFETCH(QString, key);
-    QFETCH(QString, value);
-
-    TestState state;
-    action(prefs());
-    // Read by a second settings object while the singleton lives on: the write was synced.
-    const QVariant written = file == QLatin1String("settings.ini") ? state.settingsValue(key) : state.radioConfValue(key);
-    QCOMPARE(written.toString(), value);
-}
-
-void tst_Preferences::snappedSettersStoreTheGridValue()
-{
-    TestState state; // EUR: FM 8750..10800 step 5, AM 531..1602 step 9
-    prefs()->setCurrPlayFreq(9852);
-    QCOMPARE(prefs()->playFreq(), 9850);
-    prefs()->setFavoriteFreq(0, 20000);
-    QCOMPARE(prefs()->favoritAt(0), 10800);
-    QCOMPARE(state.radioConfValue("Freq/FM0/preset_0").toInt(), 10800);
-    prefs()->setPlayFreq(BAND_AM2, 1000);
-    QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 999);
-    prefs()->setPlayFreq(BAND_AM2, 100);
-    QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 531);
-}
-
-void tst_Preferences::badIndexesChangeNothing_data()
-{
-    QTest::addColumn<Action>("action");
-    QTest::newRow("preset -1") << Action([](Preferences *p) { p->setFavoriteFreq(-1, 9000); });
-    QTest::newRow("preset 6") << Action([](Preferences *p) { p->setFavoriteFreq(6, 9000); });
-    QTest::newRow("TA flag 99") << Action([](Preferences *p) { p->setFmTa(99, true); });
-    QTest::newRow("AF flag -5") << Action([](Preferences *p) { p->setFmAf(-5, true); });
-    QTest::newRow("band 7") << Action([](Preferences *p) { p->setBand(Band(7)); });
-    QTest::newRow("band -1") << Action([](Preferences *p) { p->setBand(Band(-1)); });
-    QTest::newRow("last FM band 12") << Action([](Preferences *p) { p->setBand_FM(Band(12)); });
-    QTest::newRow("play frequency of band 5") << Action([](Preferences *p) { p->setPlayFreq(Band(5), 9000); });
-    QTest::newRow("clear id of band 9") << Action([](Preferences *p) { p->clearFreqId(Band(9), 0); });
-    QTest::newRow("rds name of band 5") << Action([](Preferences *p) { p->saveRdsName(Band(5), 0, QStringLiteral("X")); });
-    QTest::newRow("rds name of preset 6") << Action([](Preferences *p) { p->saveRdsName(BAND_FM1, 6, QStringLiteral("X")); });
-    QTest::newRow("save flag 6") << Action([](Preferences *p) { p->setSavePreset(6, true); });
-    QTest::newRow("saveFreq null list") << Action([](Preferences *p) { p->saveFreq(nullptr, 3); });
-    QTest::newRow("saveFreq negative count") << Action([](Preferences *p) { const int f[] = {9000}; p->saveFreq(f, -2); });
-    QTest::newRow("preset index 6") << Action([](Preferences *p) { p->setPresetIndex(6); });
-}
-
-void tst_Preferences::badIndexesChangeNothing()
-{
-    QFETCH(Action, action);
-    TestState state;
-    const Preferences::flagBand before = prefs()->bandData(BAND_FM1);
-    action(prefs());
-    QCOMPARE(prefs()->band(), BAND_FM1);
-    QCOMPARE(prefs()->presetIndex(), 0);
-    const Preferences::flagBand &after = prefs()->bandData(BAND_FM1);
-    for (int i = 0; i < kPresetCount; ++i) {
-        QCOMPARE(after.presets[i], before.presets[i]);
-        QCOMPARE(after.ta[i], before.ta[i]);
-        QCOMPARE(after.af[i], before.af[i]);
-        QCOMPARE(after.rdsName[i], before.rdsName[i]);
-    }
-    QVERIFY(!QFile::exists(state.radioConf()));
-    QVERIFY(!QFile::exists(state.settingsIni()));
-    // Getters past the tables give safe values.
-    QCOMPARE(prefs()->favoritAt(6), 0);
-    QCOMPARE(prefs()->favoritBandAt(Band(5), 0), 0);
-    QCOMPARE(prefs()->fmTA(-1), false);
-    QCOMPARE(prefs()->rdsName(BAND_FM1, 9), QString());
-}
-
-void tst_Preferences::defaultsComeFromTheDestinationsRegion_data()
-{
-    QTest::addColumn<int>("destination");
-    QTest::addColumn<int>("afTaTpSupport");
-    QTest::addColumn<QVector<int>>("fm0");   // low, high, step, current, preset 0, preset 5
-    QTest::addColumn<QVector<int>>("am3");
-    QTest::addColumn<bool>("af");
-
-    QTest::newRow("EUR") << 0 << 1 << QVector<int>{8750, 10800, 5, 8750, 8750, 10800} << QVector<int>{531, 1602, 9, 531, 531, 1602} << true;
-    QTest::newRow("UC without AF/TA/TP") << 1 << 0 << QVector<int>{8750, 10790, 20, 8750, 8750, 10790} << QVector<int>{530, 1710, 10, 530, 530, 1710} << false;
-    QTest::newRow("E") << 3 << 1 << QVector<int>{8750, 10800, 10, 8750, 8750, 10800} << QVector<int>{530, 1710, 10, 530, 530, 1710} << true;
-    QTest::newRow("JPN keeps its odd edges") << 7 << 1 << QVector<int>{7600, 900, 10, 7600, 7800, 8970} << QVector<int>{822, 1629, 9, 522, 594, 1422} << true;
-    QTest::newRow("unknown destination") << 2 << 1 << QVector<int>{0, 0, 0, 0, 0, 0} << QVector<int>{0, 0, 0, 0, 0, 0} << true;
-}
-
-void tst_Preferences::defaultsComeFromTheDestinationsRegion()
-{
-    QFETCH(int, destination);
-    QFETCH(int, afTaTpSupport);
-    QFETCH(QVector<int>, fm0);
-    QFETCH(QVector<int>, am3);
-    QFETCH(bool, af);
-
-    TestState::Vehicle vehicle;
-    vehicle.destination = destination;
-    vehicle.rdsAfTaTpSupport = afTaTpSupport;
-    TestState state(vehicle);
-
-    const auto summary = [](const Preferences::flagBand &b) {
-        return QVector<int>{b.lowFreq, b.highFreq, b.step, b.currFreq, b.presets[0], b.presets[5]};
-    };
-    QCOMPARE(summary(prefs()->bandData(BAND_FM1)), fm0);
-    QCOMPARE(summary(prefs()->bandData(BAND_AM1)), am3);
-    QCOMPARE(prefs()->af(), af);
-    QCOMPARE(prefs()->bandData(BAND_FM3).af[5], af);
-    QCOMPARE(prefs()->isLocal(), false);
-    QCOMPARE(prefs()->regional(), true);
-    QCOMPARE(prefs()->band(), BAND_FM1);
-    QCOMPARE(prefs()->band_AM(), BAND_AM1);
-    QCOMPARE(prefs()->PTYSeachState(), 6);
-    QCOMPARE(prefs()->playFreqId(), kNoPreset);
-    // Nothing is written at start-up.
-    QVERIFY(!QFile::exists(state.radioConf()));
-}
-
-void tst_Preferences::initParsesTheServiceLists()
-{
-    TestState state;
-    prefs()->init(10800, 8750, 5, 1602, 531, 9, QStringLiteral("9000;9100;9200;999;1080"),
-                  QStringLiteral("1;0;6;;2;0"),
-                  QStringLiteral("8750;;9000;9100;9200;9300;9400;9500;0;-3;9600"), QStringLiteral("531;603"));
-
-    const Preferences::flagBand &fm0 = prefs()->bandData(BAND_FM1);
-    const Preferences::flagBand &fm1 = prefs()->bandData(BAND_FM2);
-    const Preferences::flagBand &fm2 = prefs()->bandData(BAND_FM3);
-    QCOMPARE(fm0.currFreq, 9000);
-    QCOMPARE(fm0.currFreqId, 0);       // 1-based 1
-    QCOMPARE(fm1.currFreqId, kNoPreset); // 0 means none
-    QCOMPARE(fm2.currFreqId, 5);       // 6 is the last preset
-    QCOMPARE(fm0.presetIndex, 0);
-    QCOMPARE(fm2.presetIndex, 5);
-    QCOMPARE(fm2.btmFreqIdBefore, 5);
-    // Non-positive presets and empty parts are skipped; the values run on across bands.
-    QCOMPARE(QVector<int>(fm0.presets, fm0.presets + 6), (QVector<int>{8750, 9000, 9100, 9200, 9300, 9400}));
-    QCOMPARE(fm1.presets[0], 9500);
-    QCOMPARE(fm1.presets[1], 9600);
-    QCOMPARE(fm1.presets[2], 8750); // untouched region default
-    QCOMPARE(prefs()->bandData(BAND_AM1).currFreqId, 1);
-    QCOMPARE(prefs()->bandData(BAND_AM2).currFreqId, kNoPreset);
-    QCOMPARE(prefs()->bandData(BAND_AM1).presets[1], 603);
-    QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 1080);
-    QCOMPARE(prefs()->fmStep(), 5);
-    QCOMPARE(prefs()->amMaxFreq(), 1602);
-    QCOMPARE(prefs()->presetIndex(), 0);
-
-    QCOMPARE(state.radioConfValue("Freq/FM0/CurrFreqId").toInt(), 0);
-    QCOMPARE(state.radioConfValue("Freq/FM1/CurrFreqId").toInt(), 6);
-    QCOMPARE(state.radioConfValue("Freq/FM1/preset_1").toInt(), 9600);
-    QVERIFY(!state.radioConfValue("Freq/FM1/preset_2").isValid());
-    QCOMPARE(state.radioConfValue("Freq/AM4/CurrFreq").toInt(), 1080);
-}
-
-void tst_Preferences::initWithFewerBandPositionsSetsUpOnlyThoseBands()
-{
-    TestState state;
-    prefs()->init(10790, 8770, 20, 1710, 530, 10, QStringLiteral("9000;9100;9200;999;1080"),
-                  QStringLiteral("2;3"), QStringLiteral("8770;8790"), QStringLiteral("530"));
-    QCOMPARE(prefs()->bandData(BAND_FM2).step, 20);
-    QCOMPARE(prefs()->bandData(BAND_FM2).currFreqId, 2);
-    QCOMPARE(prefs()->bandData(BAND_FM3).step, 5);    // region default kept
-    QCOMPARE(prefs()->bandData(BAND_AM1).step, 9);    // no AM band set up
-    QCOMPARE(prefs()->bandData(BAND_AM1).currFreq, 531);
-    QVERIFY(!state.radioConfValue("Freq/FM2/CurrFreq").isValid());
-    QCOMPARE(prefs()->presetIndex(), 1);
-}
-
-void tst_Preferences::initSurvivesGarbageLists()
-{
-    TestState state;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("band_current_freq x is not a number"));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("band_position junk is not a number"));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("fm_list 98\\.5 is not a number"));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no current frequency"));
-    prefs()->init(10800, 8750, 5, 1602, 531, 9, QStringLiteral("x"), QStringLiteral("junk;99"),
-                  QStringLiteral("98.5;9000"), QString());
-    QCOMPARE(prefs()->bandData(BAND_FM1).currFreq, 0);
-    QCOMPARE(prefs()->bandData(BAND_FM1).currFreqId, kNoPreset);
-    QCOMPARE(prefs()->bandData(BAND_FM2).currFreqId, 98);   // stored as given ...
-    QCOMPARE(prefs()->bandData(BAND_FM2).presetIndex, 0);   // ... but never used as an index
-    QCOMPARE(prefs()->bandData(BAND_FM1).presets[0], 9000);
-    QCOMPARE(prefs()->presetIndex(), 0);
-}
-
-void tst_Preferences::aftaStateSetsFlagsOfFmPresets()
-{
-    TestState state;
-    prefs()->aftaState(QStringLiteral("1;2;3;0;7;;1;1;1;1;1;1;2"));
-    const Preferences::flagBand &fm0 = prefs()->bandData(BAND_FM1);
-    const QVector<bool> af{fm0.af[0], fm0.af[1], fm0.af[2], fm0.af[3], fm0.af[4], fm0.af[5]};
-    const QVector<bool> ta{fm0.ta[0], fm0.ta[1], fm0.ta[2], fm0.ta[3], fm0.ta[4], fm0.ta[5]};
-    // One code per preset: the empty sixth item is a preset with neither flag.
-    QCOMPARE(af, (QVector<bool>{true, false, true, false, false, false}));
-    QCOMPARE(ta, (QVector<bool>{false, true, true, false, false, false}));
-    QCOMPARE(prefs()->bandData(BAND_FM2).af[5], true);
-    QCOMPARE(prefs()->bandData(BAND_FM3).ta[0], true);
-    QCOMPARE(prefs()->bandData(BAND_FM3).af[0], false);
-    QCOMPARE(prefs()->bandData(BAND_FM3).af[1], true); // beyond the list: default kept
-    QCOMPARE(state.radioConfValue("Freq/FM0/AF_0").toBool(), true);
-    QCOMPARE(state.radioConfValue("Freq/FM0/TA_1").toBool(), true);
-    QCOMPARE(state.radioConfValue("Freq/FM2/TA_0").toBool(), true);
-    QVERIFY(!state.radioConfValue("Freq/FM2/TA_1").isValid());
-}
-
-void tst_Preferences::resetAfTaWritesTheKeysCrossed()
-{
-    TestState state;
-    prefs()->setBand(BAND_FM2);
-    prefs()->setPresetIndex(4);
-    prefs()->btmStart();
-    prefs()->setAf(true);
-    prefs()->setTa(false);
-    prefs()->setBand(BAND_FM1); // the auto-store band counts, not the current one
-    prefs()->resetAfTa(4);
-
-    QCOMPARE(prefs()->bandData(BAND_FM2).af[4], true);
-    QCOMPARE(prefs()->bandData(BAND_FM2).ta[5], false);
-    QCOMPARE(prefs()->bandData(BAND_FM3).af[1], true);
-    QCOMPARE(state.radioConfValue("Freq/FM1/TA_4").toBool(), true);  // the AF value
-    QCOMPARE(state.radioConfValue("Freq/FM1/AF_4").toBool(), false); // the TA value
-    QCOMPARE(state.radioConfValue("Freq/FM2/TA_1").toBool(), true);
-    QVERIFY(!state.radioConfValue("Freq/FM2/TA_2").isValid());
-    QVERIFY(!state.radioConfValue("Freq/FM1/TA_3").isValid());
-}
-
-void tst_Preferences::resetAfTaLeavesAmAlone()
-{
-    TestState state;
-    prefs()->setBand(BAND_AM1);
-    prefs()->btmStart();
-    QFile::remove(state.radioConf());
-    prefs()->resetAfTa(6);
-    QVERIFY(!QFile::exists(state.radioConf()));
-}
-
-void tst_Preferences::saveFreqFillsConsecutivePresets_data()
-{
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<QVector<int>>("freqs");
-    QTest::addColumn<QStringList>("keys");
-
-    QTest::newRow("FM from band 2 preset 4: the rest is dropped")
-        << 2 << 4 << QVector<int>{9000, 9100, 9200} << QStringList{"Freq/FM2/preset_4", "Freq/FM2/preset_5"};
-    QTest::newRow("FM across a band") << 0 << 5 << QVector<int>{9000, 9100}
-                                      << QStringList{"Freq/FM0/preset_5", "Freq/FM1/preset_0"};
-    QTest::newRow("AM across a band") << 3 << 5 << QVector<int>{999, 1008}
-                                      << QStringList{"Freq/AM3/preset_5", "Freq/AM4/preset_0"};
-}
-
-void tst_Preferences::saveFreqFillsConsecutivePresets()
-{
-    QFETCH(int, band);
-    QFETCH(int, start);
-    QFETCH(QVector<int>, freqs);
-    QFETCH(QStringList, keys);
-
-    TestState state;
-    prefs()->setBand(Band(band));
-    prefs()->setPresetIndex(start);
-    prefs()->btmStart();
-    QFile::remove(state.radioConf());
-    prefs()->saveFreq(freqs.constData(), freqs.size());
-    for (int i = 0; i < keys.size(); ++i)
-        QCOMPARE(state.radioConfValue(keys[i]).toInt(), freqs[i]);
-    QCOMPARE(prefs()->favoritBandAt(Band(band), start), freqs[0]);
-}
-
-void tst_Preferences::psNamesFillTheFmPresets()
-{
-    TestState state;
-    prefs()->setPsName1(QStringLiteral("A;B;;D;E;F;G;H;I"));
-    prefs()->setPsName2(QStringLiteral("J;K;L;M;N;O;P;Q;R;S;T"));
-    QCOMPARE(prefs()->rdsName(BAND_FM1, 0), QStringLiteral("A"));
-    QCOMPARE(prefs()->rdsName(BAND_FM1, 2), QString());
-    QCOMPARE(prefs()->rdsName(BAND_FM2, 2), QStringLiteral("I"));
-    QCOMPARE(prefs()->rdsName(BAND_FM2, 3), QStringLiteral("J"));
-    QCOMPARE(prefs()->rdsName(BAND_FM3, 5), QStringLiteral("R"));
-    QCOMPARE(prefs()->rdsName(BAND_AM1, 0), QString()); // the list stops at the last FM preset
-    QVERIFY(!QFile::exists(state.radioConf()));
-}
-
-void tst_Preferences::favoritesCountsEighteenEvenForAm()
-{
-    TestState state;
-    int out[50];
-    std::fill(std::begin(out), std::end(out), -7);
-    QCOMPARE(prefs()->favorites(out, 50), 18);
-    QCOMPARE(out[0], 8750);
-    QCOMPARE(out[6], 8750);
-    QCOMPARE(out[18], -7);
-
-    prefs()->setBand(BAND_AM2);
-    std::fill(std::begin(out), std::end(out), -7);
-    QCOMPARE(prefs()->favorites(out, 50), 18);
-    QCOMPARE(out[0], 531);
-    QCOMPARE(out[5], 1602);
-    QCOMPARE(out[11], 531);
-    QCOMPARE(out[12], -7);
-    QCOMPARE(prefs()->favorites(out, 4), 4);
-    QCOMPARE(prefs()->favorites(nullptr, 4), 0);
-}
-
-void tst_Preferences::bandNameForEveryBand_data()
-{
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("textId");
-    QTest::newRow("band 0") << 0 << 39;
-    QTest::newRow("band 1 reads the second entry") << 1 << 49;
-    QTest::newRow("band 2 past the list") << 2 << 39;
-    QTest::newRow("band 3 past the list") << 3 << 49;
-    QTest::newRow("band 4 past the list") << 4 << 49;
-}
-
-void tst_Preferences::bandNameForEveryBand()
-{
-    QFETCH(int, band);
-    QFETCH(int, textId);
-    TestState state;
-    prefs()->setBand(Band(band));
-    if (band >= 2)
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no entry in the band name list"));
-    QCOMPARE(prefs()->bandName(), Translator::translate(textId));
-}
-
-void tst_Preferences::delControlCharBlanksNonAscii()
-{
-    QCOMPARE(Preferences::delControlChar(QStringLiteral("B\u00e4yern 3\u007f~")), QStringLiteral("B yern 3 ~"));
-    QCOMPARE(Preferences::delControlChar(QString()), QString());
-}
-
-void tst_Preferences::toggles()
-{
-    TestState state;
-    prefs()->togglelocal();
-    prefs()->toggleTa();
-    prefs()->toggleAf();
-    prefs()->toggleRegional();
-    QCOMPARE(prefs()->isLocal(), true);
-    QCOMPARE(prefs()->ta(), true);
-    QCOMPARE(prefs()->af(), false);
-    QCOMPARE(prefs()->regional(), false);
-    QCOMPARE(state.radioConfValue("Tune/Regional").toBool(), false);
-}
-
-void tst_Preferences::unwritableFolderKeepsTheModel()
-{
-    TestState state;
-    // "system" is a file, so the configuration's folder cannot be made.
-    QFile blocker(state.root() + QLatin1String("/system"));
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
-    Preferences::resetInstance();
-
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot be created"));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("keeps its changes in memory"));
-    prefs()->setFavoriteFreq(1, 9000);
-    prefs()->flush();
-    QCOMPARE(prefs()->favoritAt(1), 9000);
-}
-
-void tst_Preferences::oddFilesAreLeftAloneOrMovedAside_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("warning");
-    QTest::addColumn<bool>("taken");   // the file ends up holding the new write
-    QTest::addColumn<bool>("asideKept"); // radio.conf.corrupt holds the old content
-    QTest::newRow("FIFO: never opened") << "fifo" << "is not a regular file" << false << false;
-    QTest::newRow("folder in its place") << "folder" << "is not a regular file" << false << false;
-    QTest::newRow("2 MB: left alone") << "huge" << "is too large" << false << false;
-    QTest::newRow("binary garbage: moved aside") << "garbage" << "not a valid INI file; moved aside" << true << true;
-    QTest::newRow("lines without keys: moved aside") << "text" << "not a valid INI file; moved aside" << true << true;
-}
-
-void tst_Preferences::oddFilesAreLeftAloneOrMovedAside()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, warning);
-    QFETCH(bool, taken);
-    QFETCH(bool, asideKept);
-    TestState state;
-    const QString path = state.radioConf();
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QByteArray old;
-    if (kind == QLatin1String("fifo")) {
-        QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    } else if (kind == QLatin1String("folder")) {
-        QVERIFY(QDir().mkpath(path));
-    } else {
-        old = kind == QLatin1String("huge")     ? QByteArray(2 * 1024 * 1024, 'x')
-              : kind == QLatin1String("garbage") ? QByteArray("[Freq\n\x01\x02\xff=\n[[[\n=5\n")
-                                                 : QByteArray("[Tune]\nthis is no key\n");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(old);
-    }
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
-    prefs()->setFavoriteFreq(3, 9900);
-    prefs()->flush();
-    QCOMPARE(prefs()->favoritAt(3), 9900); // the model takes it either way
-    const QFileInfo info(path);
-    if (taken)
-        QCOMPARE(state.radioConfValue("Freq/FM0/preset_3").toInt(), 9900);
-    else if (kind == QLatin1String("fifo"))
-        QVERIFY(!info.isFile() && info.exists());
-    else if (kind == QLatin1String("folder"))
-        QVERIFY(info.isDir());
-    else
-        QCOMPARE(info.size(), old.size());
-    QFile aside(path + QLatin1String(".corrupt"));
-    QCOMPARE(aside.exists(), asideKept);
-    if (asideKept) {
-        QVERIFY(aside.open(QIODevice::ReadOnly));
-        QCOMPARE(aside.readAll(), old);
-    }
-}
-
-void tst_Preferences::writesOnlyChangesAndABurstAtOnce()
-{
-    TestState state;
-    prefs()->init(10800, 8750, 5, 1602, 531, 9, "8800;9450;10020;999;1089", "1;0;0;0;0", "9000", "999");
-    prefs()->setTa(true);
-    QCOMPARE(prefs()->rewrites(), 0); // nothing on disk yet: the burst is still open
-    QTRY_COMPARE(prefs()->rewrites(), 1);
-    QCOMPARE(state.radioConfValue("Tune/ta").toBool(), true);
-
-    // The same values again, as after a restart of the service: nothing to write.
-    prefs()->init(10800, 8750, 5, 1602, 531, 9, "8800;9450;10020;999;1089", "1;0;0;0;0", "9000", "999");
-    prefs()->setTa(true);
-    prefs()->setCurrPlayFreq(8800);
-    prefs()->flush();
-    QCOMPARE(prefs()->rewrites(), 1);
-}
-
-void tst_Preferences::namesAreStoredAsQSettingsReadsThem_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("separators") << "a,b;c=d";
-    QTest::newRow("quotes and backslash") << "\"x\" \\y";
-    QTest::newRow("blanks at the ends") << " NDR 2 ";
-    QTest::newRow("leading @") << "@home";
-    QTest::newRow("umlaut and digits after it") << QString::fromUtf8("Ö3 Bayern 1");
-    QTest::newRow("empty") << "";
-}
-
-void tst_Preferences::namesAreStoredAsQSettingsReadsThem()
-{
-    QFETCH(QString, name);
-    TestState state;
-    prefs()->saveRdsName(BAND_FM1, 0, name);
-    QCOMPARE(state.settingsValue("Tuner/rdsName").toString(), name);
-}
 
 QTEST_GUILESS_MAIN(tst_Preferences)
 #include "tst_preferences.moc"

@@ -24,344 +24,315 @@
 
 using namespace tuner;
 
-namespace {
-
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
-
-} // namespace
-
 class tst_RdsInterrupts : public QObject, private TunerFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanup();
+    void initTestCase()
+    {
+        QVERIFY(startServices());
+        cm::BaseWindow::setHost(&m_host);
+    }
 
-    void stationName_data();
-    void stationName();
-    void presetIsNamedAfterItsStation_data();
-    void presetIsNamedAfterItsStation();
-    void statusIcons_data();
-    void statusIcons();
-    void programmeType_data();
-    void programmeType();
-    void optionSwitchesReachTheRadio_data();
-    void optionSwitchesReachTheRadio();
-    void interrupts_data();
-    void interrupts();
-    void popupKeepsTouchesFromTheScreen();
-    void hiddenPopupIgnoresCancel();
+    void cleanup()
+    {
+        m_window.reset();
+        m_state.reset();
+        m_host.events.clear();
+    }
+
+    void stationName_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<QString>("report");
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("nameLabel");
+        QTest::addColumn<bool>("nameShown");
+        QTest::addColumn<QString>("nameText");
+        QTest::addColumn<bool>("freqShown");
+
+        QTest::newRow("line mode 1, FM: name under the frequency") << 1 << 0 << "NDR 2" << "page_tuner_01" << "Txt_0037_rds_name" << true << "NDR 2" << true;
+        QTest::newRow("line mode 1, AM: no name") << 1 << 3 << "NDR 2" << "page_tuner_01" << "Txt_0037_rds_name" << false << "NDR 2" << true;
+        QTest::newRow("line mode 1, no name reported") << 1 << 0 << "" << "page_tuner_01" << "Txt_0037_rds_name" << true << "" << true;
+        QTest::newRow("line mode 0, FM: the name instead of the frequency") << 0 << 0 << "NDR 2" << "page_tuner_02" << "Txt_0018_rds_name" << true << "NDR 2" << false;
+        QTest::newRow("line mode 0, FM, no name: the frequency") << 0 << 0 << "" << "page_tuner_02" << "Txt_0018_rds_name" << false << "" << true;
+        QTest::newRow("line mode 0, AM: the frequency") << 0 << 4 << "NDR 2" << "page_tuner_02" << "Txt_0018_rds_name" << false << "NDR 2" << true;
+        QTest::newRow("control characters are blanked") << 0 << 1 << "B\u00e4yern\u00b3" << "page_tuner_02" << "Txt_0018_rds_name" << true << "B yern " << false;
+    }
+
+    void stationName()
+    {
+        QFETCH(int, mode);
+        QFETCH(int, band);
+        QFETCH(QString, report);
+        QFETCH(QString, page);
+        QFETCH(QString, nameLabel);
+        QFETCH(bool, nameShown);
+        QFETCH(QString, nameText);
+        QFETCH(bool, freqShown);
+
+        TestState::Vehicle vehicle;
+        vehicle.radioInfoDispLine = mode;
+        makeWindow(vehicle);
+        prefs()->setBand(Band(band));
+        m_window->onRdsName(report); // as the radio service's ProgramName arrives
+
+        auto *stack = player()->findChild<QStackedWidget *>("stackedWidget_tuner");
+        QCOMPARE(stack->currentWidget()->objectName(), page);
+        QLabel *name = label(qPrintable(nameLabel));
+        QCOMPARE(name->isVisibleTo(player()), nameShown);
+        QCOMPARE(name->text(), nameText);
+        QLabel *freq = label(mode == 1 ? "Txt_0035_rds_freq" : "Txt_0019_rds_freq");
+        QCOMPARE(freq->isVisibleTo(player()), freqShown);
+        QCOMPARE(prefs()->curRdsName(), report);
+    }
+
+    void presetIsNamedAfterItsStation_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("report");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("a name names the lit preset") << "" << "SWR3" << "SWR3" << "SWR3";
+        QTest::newRow("no name forgets it") << "OLD" << "" << "97.50" << "";
+        QTest::newRow("the screen's own empty name changes nothing") << "OLD" << "<screen>" << "OLD" << "OLD";
+    }
+
+    void presetIsNamedAfterItsStation()
+    {
+        QFETCH(QString, stored);
+        QFETCH(QString, report);
+        QFETCH(QString, label);
+        QFETCH(QString, kept);
+
+        makeWindow();
+        prefs()->saveRdsName(BAND_FM1, 1, stored);
+        prefs()->setCurrPlayFreq(9750);
+        player()->checkedId(1);
+        player()->updateLabelFreq();
+        if (report == QLatin1String("<screen>"))
+            player()->onRdsName(QString());
+        else
+            m_window->onRdsName(report); // the stack turns "" into "NULL"
+        QCOMPARE(this->label("Txt_0024_f2")->text(), label);
+        QCOMPARE(prefs()->rdsName(BAND_FM1, 1), kept);
+        if (report != QLatin1String("<screen>"))
+            QCOMPARE(m_state->settingsValue("Tuner/rdsName").toString(), kept);
+    }
+
+    void statusIcons_data()
+    {
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<bool>("rds");
+        QTest::addColumn<bool>("tp");
+        QTest::newRow("RDS") << 0 << 1 << true << false;
+        QTest::newRow("RDS with TP") << 0 << 3 << true << true;
+        QTest::newRow("RDS with TP, 7") << 1 << 7 << true << true;
+        QTest::newRow("no RDS") << 0 << 0 << false << false;
+        QTest::newRow("AM hides both") << 3 << 3 << false << false;
+    }
+
+    void statusIcons()
+    {
+        QFETCH(int, band);
+        QFETCH(int, status);
+        QFETCH(bool, rds);
+        QFETCH(bool, tp);
+        makeWindow();
+        prefs()->setBand(Band(band));
+        prefs()->setCurRdsName(QStringLiteral("NDR 2"));
+        m_window->onstatusChanged(status);
+        QCOMPARE(label("Icn_0020_rds")->isVisibleTo(player()), rds);
+        QCOMPARE(label("Icn_0021_tp")->isVisibleTo(player()), tp);
+        QCOMPARE(prefs()->rdsState(), status);
+        // Without RDS the name is gone too.
+        QCOMPARE(prefs()->curRdsName().isEmpty(), !rds && band < 3);
+    }
+
+    void programmeType_data()
+    {
+        QTest::addColumn<int>("pty");
+        QTest::addColumn<bool>("reported");
+        QTest::newRow("pop music") << 10 << true;
+        QTest::newRow("31 is ignored") << 31 << false;
+        QTest::newRow("none") << 0 << true;
+    }
+
+    void programmeType()
+    {
+        QFETCH(int, pty);
+        QFETCH(bool, reported);
+        makeWindow();
+        prefs()->setPtyItem(5);
+        QSignalSpy spy(player(), &TunerPlayer::PTYCurrentType);
+        m_fakes->inServiceThread([&] { emit m_fakes->radio()->ptyChanged(pty, QStringLiteral("x")); });
+        m_fakes->settle();
+        if (reported)
+            QTRY_COMPARE(spy.count(), 1);
+        else
+            QTest::qWait(50);
+        QCOMPARE(prefs()->PTYtype(), reported ? pty : 5);
+    }
+
+    void optionSwitchesReachTheRadio_data()
+    {
+        QTest::addColumn<QString>("slot");
+        QTest::addColumn<int>("workStatus");
+        QTest::addColumn<QStringList>("radio");
+        // Preferences here: TA on, AF off, Regional on, Local on.
+        QTest::newRow("TA") << "onSetTa" << 0 << QStringList{"rdsCtrl(true,false,true)", "setTa(true)"};
+        QTest::newRow("AF") << "onSetAf" << 0 << QStringList{"setAf(false)", "rdsCtrl(true,false,true)"};
+        QTest::newRow("Regional") << "onSetRegional" << 0 << QStringList{"rdsCtrl(true,false,true)"};
+        QTest::newRow("Local") << "onSetLocal" << 0 << QStringList{"config(true,1,1)"};
+        QTest::newRow("Local during automatic store stops it") << "onSetLocal" << 1 << QStringList{"config(true,1,1)", "terminate()"};
+        QTest::newRow("Local during a seek restarts it from the stored frequency")
+            << "onSetLocal" << 2 << QStringList{"config(true,1,1)", "terminate()", "tune(8750)"};
+        QTest::newRow("PTY search") << "onSetPty" << 0 << QStringList{"ptySearch(10)"};
+        QTest::newRow("PTY search during a seek") << "onSetPty" << 3 << QStringList{"terminate()", "tune(8750)", "ptySearch(10)"};
+    }
+
+    void optionSwitchesReachTheRadio()
+    {
+        QFETCH(QString, slot);
+        QFETCH(int, workStatus);
+        QFETCH(QStringList, radio);
+        makeWindow();
+        prefs()->setTa(true);
+        prefs()->setAf(false);
+        prefs()->setRegional(true);
+        prefs()->setLocal(true);
+        player()->onWorkStatus(workStatus);
+        if (slot == QLatin1String("onSetPty"))
+            player()->onSetPty(10);
+        else
+            QVERIFY(QMetaObject::invokeMethod(player(), qPrintable(slot)));
+        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), radio);
+    }
+
+    void interrupts_data()
+    {
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<QString>("popup"); // text, or "" for none
+        QTest::addColumn<QStringList>("mcu");
+        QTest::addColumn<int>("cancels");   // taAlarmCancel(1) calls
+        QTest::addColumn<QStringList>("host");
+
+        const QString ch = QStringLiteral("updateAudioChannel(1)");
+        const QString on = QStringLiteral("updateAudioStatus(7)");
+        const QString off = QStringLiteral("updateAudioStatus(8)");
+        const QString beep = QStringLiteral("triggerBeep(0)");
+        QTest::newRow("an announcement raises the popup") << QStringList{"tp3"} << "Traffic" << QStringList{ch, on} << 0 << QStringList();
+        QTest::newRow("its end closes it") << QStringList{"tp3", "tp4"} << "" << QStringList{ch, on, off, off} << 0 << QStringList();
+        QTest::newRow("an alarm raises the popup") << QStringList{"tp5"} << "Alarm" << QStringList{ch, on} << 0 << QStringList();
+        QTest::newRow("an announcement during an alarm waits for its end")
+            << QStringList{"tp5", "tp3"} << "Alarm" << QStringList{ch, on} << 0 << QStringList();
+        QTest::newRow("... and comes when the alarm ends")
+            << QStringList{"tp5", "tp3", "tp6"} << "Traffic" << QStringList{ch, on, off, off, on} << 0 << QStringList();
+        QTest::newRow("Cancel on the announcement")
+            << QStringList{"tp3", "tap"} << "" << QStringList{ch, on, beep, off} << 1 << QStringList{"1008:5"};
+        QTest::newRow("Cancel on an alarm")
+            << QStringList{"tp5", "tap"} << "" << QStringList{ch, on, beep, off} << 0 << QStringList{"1008:5"};
+        QTest::newRow("Cancel on an alarm over an announcement brings it back")
+            << QStringList{"tp3", "tp5", "tap"} << "Traffic" << QStringList{ch, on, on, beep, off, on} << 0 << QStringList();
+        QTest::newRow("cancel key on the announcement")
+            << QStringList{"tp3", "key66"} << "" << QStringList{ch, on, beep, off} << 2 << QStringList{"1008:5"};
+        QTest::newRow("no popup on AM") << QStringList{"am", "tp3"} << "" << QStringList{ch} << 0 << QStringList();
+        QTest::newRow("no popup without AF/TA/TP support") << QStringList{"nosupport", "tp3"} << "" << QStringList{ch} << 0 << QStringList();
+    }
+
+    void interrupts()
+    {
+        QFETCH(QStringList, steps);
+        QFETCH(QString, popup);
+        QFETCH(QStringList, mcu);
+        QFETCH(int, cancels);
+        QFETCH(QStringList, host);
+
+        TestState::Vehicle vehicle;
+        vehicle.rdsAfTaTpSupport = steps.contains(QStringLiteral("nosupport")) ? 0 : 1;
+        makeWindow(vehicle);
+        if (steps.contains(QStringLiteral("am")))
+            prefs()->setBand(BAND_AM1);
+        m_window->start();
+        for (const QString &step : steps) {
+            if (step.startsWith(QLatin1String("tp"))) {
+                m_window->onPiTpStatus(step.mid(2).toInt());
+            } else if (step == QLatin1String("tap")) {
+                QVERIFY(player()->interruptPopup());
+                auto *cancel = player()->interruptPopup()->findChild<QAbstractButton *>("Key_0347_cancel");
+                QTest::mouseClick(cancel, Qt::LeftButton);
+            } else if (step.startsWith(QLatin1String("key"))) {
+                KeyEvent key(Qx::KeyShortReleased, step.mid(3).toInt());
+                QVERIFY(m_window->sourceKeyEvent(&key));
+            }
+        }
+        QCoreApplication::processEvents(); // deferred deletes and posted host events
+        c35_011_interrupt_on_tuner *shown = player()->interruptPopup();
+        QCOMPARE(shown ? shown->taAlarmText() : QString(), popup);
+        if (shown)
+            QVERIFY(shown->isVisible());
+        QCOMPARE(player()->interruptState(), popup.isEmpty() ? 0 : popup == QLatin1String("Alarm") ? 5 : 3);
+        QCOMPARE(mcuCalls(), mcu);
+        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter("taAlarmCancel").size(), cancels);
+        QCOMPARE(m_host.events, host);
+    }
+
+    // Touches anywhere on the popup stay there, even over the seek key below.
+    void popupKeepsTouchesFromTheScreen()
+    {
+        makeWindow();
+        m_window->start();
+        m_window->onPiTpStatus(3);
+        QVERIFY(player()->interruptPopup());
+        forgetCalls();
+        QWidget *seek = player()->findChild<QWidget *>("Key_0029_seek_plus");
+        const QPoint overSeek = seek->mapTo(m_window->screenStack(), seek->rect().center());
+        QTest::mouseClick(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, overSeek);
+        const QPoint emptyPart(400, 400);
+        QTest::mousePress(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, emptyPart);
+        QTest::mouseRelease(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(400, 200));
+        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), QStringList());
+        QCOMPARE(mcuCalls(), QStringList());
+    }
+
+    void hiddenPopupIgnoresCancel()
+    {
+        makeWindow();
+        m_window->start();
+        m_window->onPiTpStatus(5);
+        c35_011_interrupt_on_tuner *popup = player()->interruptPopup();
+        QVERIFY(popup);
+        QSignalSpy cancelled(popup, &c35_011_interrupt_on_tuner::cancel);
+        popup->hide();
+        forgetCalls();
+        QTest::mouseClick(popup->findChild<QAbstractButton *>("Key_0347_cancel"), Qt::LeftButton);
+        QCOMPARE(cancelled.count(), 0);
+        QCOMPARE(mcuCalls(), QStringList());
+        popup->onInterruptType(INTERRUPT_NONE); // leaves the text as it is
+        QCOMPARE(popup->taAlarmText(), QStringLiteral("Alarm"));
+    }
 
 private:
-    void makeWindow(const TestState::Vehicle &vehicle = TestState::Vehicle());
+    void makeWindow(const TestState::Vehicle &vehicle = TestState::Vehicle())
+    {
+        newState(vehicle);
+        m_window = std::make_unique<MainWindow>();
+        m_window->onCreate();
+        m_window->screenStack()->resize(800, 480);
+        m_window->screenStack()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window->screenStack()));
+        forgetCalls();
+    }
+
     TunerPlayer *player() const { return m_window->screenStack()->player(); }
     QLabel *label(const char *name) const { return player()->findChild<QLabel *>(QLatin1String(name)); }
 
     std::unique_ptr<MainWindow> m_window;
     HostRecorder m_host;
 };
-
-void tst_RdsInterrupts::initTestCase()
-{
-    QVERIFY(startServices());
-    cm::BaseWindow::setHost(&m_host);
-}
-
-void tst_RdsInterrupts::cleanup()
-{
-    m_window.reset();
-    m_state.reset();
-    m_host.events.clear();
-}
-
-void tst_RdsInterrupts::makeWindow(const TestState::Vehicle &vehicle)
-{
-    newState(vehicle);
-    m_window = std::make_unique<MainWindow>();
-    m_window->onCreate();
-    m_window->screenStack()->resize(800, 480);
-    m_window->screenStack()->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window->screenStack()));
-    forgetCalls();
-}
-
-void tst_RdsInterrupts::stationName_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("band");
-    QTest::addColumn<QString>("report");
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<QString>("nameLabel");
-    QTest::addColumn<bool>("nameShown");
-    QTest::addColumn<QString>("nameText");
-    QTest::addColumn<bool>("freqShown");
-
-    QTest::newRow("line mode 1, FM: name under the frequency") << 1 << 0 << "NDR 2" << "page_tuner_01" << "Txt_0037_rds_name" << true << "NDR 2" << true;
-    QTest::newRow("line mode 1, AM: no name") << 1 << 3 << "NDR 2" << "page_tuner_01" << "Txt_0037_rds_name" << false << "NDR 2" << true;
-    QTest::newRow("line mode 1, no name reported") << 1 << 0 << "" << "page_tuner_01" << "Txt_0037_rds_name" << true << "" << true;
-    QTest::newRow("line mode 0, FM: the name instead of the frequency") << 0 << 0 << "NDR 2" << "page_tuner_02" << "Txt_0018_rds_name" << true << "NDR 2" << false;
-    QTest::newRow("line mode 0, FM, no name: the frequency") << 0 << 0 << "" << "page_tuner_02" << "Txt_0018_rds_name" << false << "" << true;
-    QTest::newRow("line mode 0, AM: the frequency") << 0 << 4 << "NDR 2" << "page_tuner_02" << "Txt_0018_rds_name" << false << "NDR 2" << true;
-    QTest::newRow("control characters are blanked") << 0 << 1 << "B\u00e4yern\u00b3" << "page_tuner_02" << "Txt_0018_rds_name" << true << "B yern " << false;
-}
-
-void tst_RdsInterrupts::stationName()
-{
-    QFETCH(int, mode);
-    QFETCH(int, band);
-    QFETCH(QString, report);
-    QFETCH(QString, page);
-    QFETCH(QString, nameLabel);
-    QFETCH(bool, nameShown);
-    QFETCH(QString, nameText);
-    QFETCH(bool, freqShown);
-
-    TestState::Vehicle vehicle;
-    vehicle.radioInfoDispLine = mode;
-    makeWindow(vehicle);
-    prefs()->setBand(Band(band));
-    m_window->onRdsName(report); // as the radio service's ProgramName arrives
-
-    auto *stack = player()->findChild<QStackedWidget *>("stackedWidget_tuner");
-    QCOMPARE(stack->currentWidget()->objectName(), page);
-    QLabel *name = label(qPrintable(nameLabel));
-    QCOMPARE(name->isVisibleTo(player()), nameShown);
-    QCOMPARE(name->text(), nameText);
-    QLabel *freq = label(mode == 1 ? "Txt_0035_rds_freq" : "Txt_0019_rds_freq");
-    QCOMPARE(freq->isVisibleTo(player()), freqShown);
-    QCOMPARE(prefs()->curRdsName(), report);
-}
-
-void tst_RdsInterrupts::presetIsNamedAfterItsStation_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("report");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("kept");
-    QTest::newRow("a name names the lit preset") << "" << "SWR3" << "SWR3" << "SWR3";
-    QTest::newRow("no name forgets it") << "OLD" << "" << "97.50" << "";
-    QTest::newRow("the screen's own empty name changes nothing") << "OLD" << "<screen>" << "OLD" << "OLD";
-}
-
-void tst_RdsInterrupts::presetIsNamedAfterItsStation()
-{
-    QFETCH(QString, stored);
-    QFETCH(QString, report);
-    QFETCH(QString, label);
-    QFETCH(QString, kept);
-
-    makeWindow();
-    prefs()->saveRdsName(BAND_FM1, 1, stored);
-    prefs()->setCurrPlayFreq(9750);
-    player()->checkedId(1);
-    player()->updateLabelFreq();
-    if (report == QLatin1String("<screen>"))
-        player()->onRdsName(QString());
-    else
-        m_window->onRdsName(report); // the stack turns "" into "NULL"
-    QCOMPARE(this->label("Txt_0024_f2")->text(), label);
-    QCOMPARE(prefs()->rdsName(BAND_FM1, 1), kept);
-    if (report != QLatin1String("<screen>"))
-        QCOMPARE(m_state->settingsValue("Tuner/rdsName").toString(), kept);
-}
-
-void tst_RdsInterrupts::statusIcons_data()
-{
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("rds");
-    QTest::addColumn<bool>("tp");
-    QTest::newRow("RDS") << 0 << 1 << true << false;
-    QTest::newRow("RDS with TP") << 0 << 3 << true << true;
-    QTest::newRow("RDS with TP, 7") << 1 << 7 << true << true;
-    QTest::newRow("no RDS") << 0 << 0 << false << false;
-    QTest::newRow("AM hides both") << 3 << 3 << false << false;
-}
-
-void tst_RdsInterrupts::statusIcons()
-{
-    QFETCH(int, band);
-    QFETCH(int, status);
-    QFETCH(bool, rds);
-    QFETCH(bool, tp);
-    makeWindow();
-    prefs()->setBand(Band(band));
-    prefs()->setCurRdsName(QStringLiteral("NDR 2"));
-    m_window->onstatusChanged(status);
-    QCOMPARE(label("Icn_0020_rds")->isVisibleTo(player()), rds);
-    QCOMPARE(label("Icn_0021_tp")->isVisibleTo(player()), tp);
-    QCOMPARE(prefs()->rdsState(), status);
-    // Without RDS the name is gone too.
-    QCOMPARE(prefs()->curRdsName().isEmpty(), !rds && band < 3);
-}
-
-void tst_RdsInterrupts::programmeType_data()
-{
-    QTest::addColumn<int>("pty");
-    QTest::addColumn<bool>("reported");
-    QTest::newRow("pop music") << 10 << true;
-    QTest::newRow("31 is ignored") << 31 << false;
-    QTest::newRow("none") << 0 << true;
-}
-
-void tst_RdsInterrupts::programmeType()
-{
-    QFETCH(int, pty);
-    QFETCH(bool, reported);
-    makeWindow();
-    prefs()->setPtyItem(5);
-    QSignalSpy spy(player(), &TunerPlayer::PTYCurrentType);
-    m_fakes->inServiceThread([&] { emit m_fakes->radio()->ptyChanged(pty, QStringLiteral("x")); });
-    m_fakes->settle();
-    if (reported)
-        QTRY_COMPARE(spy.count(), 1);
-    else
-        QTest::qWait(50);
-    QCOMPARE(prefs()->PTYtype(), reported ? pty : 5);
-}
-
-void tst_RdsInterrupts::optionSwitchesReachTheRadio_data()
-{
-    QTest::addColumn<QString>("slot");
-    QTest::addColumn<int>("workStatus");
-    QTest::addColumn<QStringList>("radio");
-    // Preferences here: TA on, AF off, Regional on, Local on.
-    QTest::newRow("TA") << "onSetTa" << 0 << QStringList{"rdsCtrl(true,false,true)", "setTa(true)"};
-    QTest::newRow("AF") << "onSetAf" << 0 << QStringList{"setAf(false)", "rdsCtrl(true,false,true)"};
-    QTest::newRow("Regional") << "onSetRegional" << 0 << QStringList{"rdsCtrl(true,false,true)"};
-    QTest::newRow("Local") << "onSetLocal" << 0 << QStringList{"config(true,1,1)"};
-    QTest::newRow("Local during automatic store stops it") << "onSetLocal" << 1 << QStringList{"config(true,1,1)", "terminate()"};
-    QTest::newRow("Local during a seek restarts it from the stored frequency")
-        << "onSetLocal" << 2 << QStringList{"config(true,1,1)", "terminate()", "tune(8750)"};
-    QTest::newRow("PTY search") << "onSetPty" << 0 << QStringList{"ptySearch(10)"};
-    QTest::newRow("PTY search during a seek") << "onSetPty" << 3 << QStringList{"terminate()", "tune(8750)", "ptySearch(10)"};
-}
-
-void tst_RdsInterrupts::optionSwitchesReachTheRadio()
-{
-    QFETCH(QString, slot);
-    QFETCH(int, workStatus);
-    QFETCH(QStringList, radio);
-    makeWindow();
-    prefs()->setTa(true);
-    prefs()->setAf(false);
-    prefs()->setRegional(true);
-    prefs()->setLocal(true);
-    player()->onWorkStatus(workStatus);
-    if (slot == QLatin1String("onSetPty"))
-        player()->onSetPty(10);
-    else
-        QVERIFY(QMetaObject::invokeMethod(player(), qPrintable(slot)));
-    QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), radio);
-}
-
-void tst_RdsInterrupts::interrupts_data()
-{
-    QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QString>("popup"); // text, or "" for none
-    QTest::addColumn<QStringList>("mcu");
-    QTest::addColumn<int>("cancels");   // taAlarmCancel(1) calls
-    QTest::addColumn<QStringList>("host");
-
-    const QString ch = QStringLiteral("updateAudioChannel(1)");
-    const QString on = QStringLiteral("updateAudioStatus(7)");
-    const QString off = QStringLiteral("updateAudioStatus(8)");
-    const QString beep = QStringLiteral("triggerBeep(0)");
-    QTest::newRow("an announcement raises the popup") << QStringList{"tp3"} << "Traffic" << QStringList{ch, on} << 0 << QStringList();
-    QTest::newRow("its end closes it") << QStringList{"tp3", "tp4"} << "" << QStringList{ch, on, off, off} << 0 << QStringList();
-    QTest::newRow("an alarm raises the popup") << QStringList{"tp5"} << "Alarm" << QStringList{ch, on} << 0 << QStringList();
-    QTest::newRow("an announcement during an alarm waits for its end")
-        << QStringList{"tp5", "tp3"} << "Alarm" << QStringList{ch, on} << 0 << QStringList();
-    QTest::newRow("... and comes when the alarm ends")
-        << QStringList{"tp5", "tp3", "tp6"} << "Traffic" << QStringList{ch, on, off, off, on} << 0 << QStringList();
-    QTest::newRow("Cancel on the announcement")
-        << QStringList{"tp3", "tap"} << "" << QStringList{ch, on, beep, off} << 1 << QStringList{"1008:5"};
-    QTest::newRow("Cancel on an alarm")
-        << QStringList{"tp5", "tap"} << "" << QStringList{ch, on, beep, off} << 0 << QStringList{"1008:5"};
-    QTest::newRow("Cancel on an alarm over an announcement brings it back")
-        << QStringList{"tp3", "tp5", "tap"} << "Traffic" << QStringList{ch, on, on, beep, off, on} << 0 << QStringList();
-    QTest::newRow("cancel key on the announcement")
-        << QStringList{"tp3", "key66"} << "" << QStringList{ch, on, beep, off} << 2 << QStringList{"1008:5"};
-    QTest::newRow("no popup on AM") << QStringList{"am", "tp3"} << "" << QStringList{ch} << 0 << QStringList();
-    QTest::newRow("no popup without AF/TA/TP support") << QStringList{"nosupport", "tp3"} << "" << QStringList{ch} << 0 << QStringList();
-}
-
-void tst_RdsInterrupts::interrupts()
-{
-    QFETCH(QStringList, steps);
-    QFETCH(QString, popup);
-    QFETCH(QStringList, mcu);
-    QFETCH(int, cancels);
-    QFETCH(QStringList, host);
-
-    TestState::Vehicle vehicle;
-    vehicle.rdsAfTaTpSupport = steps.contains(QStringLiteral("nosupport")) ? 0 : 1;
-    makeWindow(vehicle);
-    if (steps.contains(QStringLiteral("am")))
-        prefs()->setBand(BAND_AM1);
-    m_window->start();
-    for (const QString &step : steps) {
-        if (step.startsWith(QLatin1String("tp"))) {
-            m_window->onPiTpStatus(step.mid(2).toInt());
-        } else if (step == QLatin1String("tap")) {
-            QVERIFY(player()->interruptPopup());
-            auto *cancel = player()->interruptPopup()->findChild<QAbstractButton *>("Key_0347_cancel");
-            QTest::mouseClick(cancel, Qt::LeftButton);
-        } else if (step.startsWith(QLatin1String("key"))) {
-            KeyEvent key(Qx::KeyShortReleased, step.mid(3).toInt());
-            QVERIFY(m_window->sourceKeyEvent(&key));
-        }
-    }
-    QCoreApplication::processEvents(); // deferred deletes and posted host events
-    c35_011_interrupt_on_tuner *shown = player()->interruptPopup();
-    QCOMPARE(shown ? shown->taAlarmText() : QString(), popup);
-    if (shown)
-        QVERIFY(shown->isVisible());
-    QCOMPARE(player()->interruptState(), popup.isEmpty() ? 0 : popup == QLatin1String("Alarm") ? 5 : 3);
-    QCOMPARE(mcuCalls(), mcu);
-    QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter("taAlarmCancel").size(), cancels);
-    QCOMPARE(m_host.events, host);
-}
-
-// Touches anywhere on the popup stay there, even over the seek key below.
-void tst_RdsInterrupts::popupKeepsTouchesFromTheScreen()
-{
-    makeWindow();
-    m_window->start();
-    m_window->onPiTpStatus(3);
-    QVERIFY(player()->interruptPopup());
-    forgetCalls();
-    QWidget *seek = player()->findChild<QWidget *>("Key_0029_seek_plus");
-    const QPoint overSeek = seek->mapTo(m_window->screenStack(), seek->rect().center());
-    QTest::mouseClick(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, overSeek);
-    const QPoint emptyPart(400, 400);
-    QTest::mousePress(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, emptyPart);
-    QTest::mouseRelease(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(400, 200));
-    QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), QStringList());
-    QCOMPARE(mcuCalls(), QStringList());
-}
-
-void tst_RdsInterrupts::hiddenPopupIgnoresCancel()
-{
-    makeWindow();
-    m_window->start();
-    m_window->onPiTpStatus(5);
-    c35_011_interrupt_on_tuner *popup = player()->interruptPopup();
-    QVERIFY(popup);
-    QSignalSpy cancelled(popup, &c35_011_interrupt_on_tuner::cancel);
-    popup->hide();
-    forgetCalls();
-    QTest::mouseClick(popup->findChild<QAbstractButton *>("Key_0347_cancel"), Qt::LeftButton);
-    QCOMPARE(cancelled.count(), 0);
-    QCOMPARE(mcuCalls(), QStringList());
-    popup->onInterruptType(INTERRUPT_NONE); // leaves the text as it is
-    QCOMPARE(popup->taAlarmText(), QStringLiteral("Alarm"));
-}
 
 QTEST_MAIN(tst_RdsInterrupts)
 #include "tst_rdsinterrupts.moc"

@@ -18,111 +18,103 @@ class tst_Region : public QObject
     Q_OBJECT
 
 private slots:
-    void findById_data();
-    void findById();
-    void findByName_data();
-    void findByName();
-    void tunerStepRewritesTheServiceConfiguration_data();
-    void tunerStepRewritesTheServiceConfiguration();
-    void tunerStepIgnoresBadVariant();
-};
-
-void tst_Region::findById_data()
-{
-    QTest::addColumn<uint>("id");
-    QTest::addColumn<int>("row");
-    QTest::newRow("EUR") << 0u << 0;
-    QTest::newRow("E17") << 18u << 2;
-    QTest::newRow("JPN") << 7u << 8;
-    QTest::newRow("2 is no region") << 2u << -1;
-    QTest::newRow("huge id") << 0xffffffffu << -1;
-}
-
-void tst_Region::findById()
-{
-    QFETCH(uint, id);
-    QFETCH(int, row);
-    const tagTunerRegion_T *region = findRegionById(id);
-    QCOMPARE(region, row < 0 ? nullptr : &tunerRegionTable[row]);
-}
-
-void tst_Region::findByName_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("caseSensitive");
-    QTest::addColumn<int>("row");
-    QTest::newRow("jpn, case-insensitive") << "jpn" << false << 8;
-    QTest::newRow("jpn, case-sensitive") << "jpn" << true << -1;
-    QTest::newRow("JPN, case-sensitive") << "JPN" << true << 8;
-    QTest::newRow("E is not EUR") << "E" << true << 3;
-    QTest::newRow("EU matches nothing") << "EU" << false << -1;
-    QTest::newRow("empty") << "" << false << -1;
-}
-
-void tst_Region::findByName()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, caseSensitive);
-    QFETCH(int, row);
-    const tagTunerRegion_T *region = findRegionByName(name, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
-    QCOMPARE(region, row < 0 ? nullptr : &tunerRegionTable[row]);
-}
-
-void tst_Region::tunerStepRewritesTheServiceConfiguration_data()
-{
-    QTest::addColumn<QString>("region");
-    QTest::addColumn<int>("step");
-    QTest::addColumn<QVariant>("fm0Current");
-    QTest::addColumn<QVariant>("fm0Preset1");
-    QTest::addColumn<QVariant>("am3Preset5");
-
-    QTest::newRow("EUR variant 1 is all zero") << "EUR" << 1 << QVariant(0) << QVariant(0) << QVariant(0);
-    QTest::newRow("EUR variant 0") << "EUR" << 0 << QVariant(8750) << QVariant(9750) << QVariant(1602);
-    QTest::newRow("e variant 1, name in any case") << "e" << 1 << QVariant(8750) << QVariant(9590) << QVariant(1710);
-    QTest::newRow("no region: only the step") << "" << 1 << QVariant() << QVariant() << QVariant();
-    QTest::newRow("unknown region: only the step") << "MARS" << 0 << QVariant() << QVariant() << QVariant();
-}
-
-void tst_Region::tunerStepRewritesTheServiceConfiguration()
-{
-    QFETCH(QString, region);
-    QFETCH(int, step);
-    QFETCH(QVariant, fm0Current);
-    QFETCH(QVariant, fm0Preset1);
-    QFETCH(QVariant, am3Preset5);
-
-    TestState state;
-    const QString path = state.root() + QLatin1String("/nilo/etc/radio.conf");
-    QDir().mkpath(state.root() + QLatin1String("/nilo/etc"));
+    void findById_data()
     {
-        QSettings seed(path, QSettings::IniFormat);
-        seed.setValue(QStringLiteral("Tune/Region"), region);
-        seed.setValue(QStringLiteral("Freq/FM0/preset_0"), 12345);
+        QTest::addColumn<uint>("id");
+        QTest::addColumn<int>("row");
+        QTest::newRow("EUR") << 0u << 0;
+        QTest::newRow("E17") << 18u << 2;
+        QTest::newRow("JPN") << 7u << 8;
+        QTest::newRow("2 is no region") << 2u << -1;
+        QTest::newRow("huge id") << 0xffffffffu << -1;
     }
-    if (region == QLatin1String("MARS"))
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("MARS is not a known region"));
 
-    setTunerStep(step);
+    void findById()
+    {
+        QFETCH(uint, id);
+        QFETCH(int, row);
+        const tagTunerRegion_T *region = findRegionById(id);
+        QCOMPARE(region, row < 0 ? nullptr : &tunerRegionTable[row]);
+    }
 
-    QSettings conf(path, QSettings::IniFormat);
-    QCOMPARE(conf.value("Tune/TunerStep").toInt(), step);
-    const auto asInt = [](const QVariant &v) { return v.isValid() ? QVariant(v.toInt()) : v; };
-    QCOMPARE(asInt(conf.value("Freq/FM0/CurrFreq")), fm0Current);
-    QCOMPARE(asInt(conf.value("Freq/FM0/preset_1")), fm0Preset1);
-    QCOMPARE(asInt(conf.value("Freq/AM3/preset_5")), am3Preset5);
-    // Limits and steps are not part of the rewrite.
-    QVERIFY(!conf.contains("Freq/FM0/step"));
-    // The preferences' own file is a different one.
-    QVERIFY(!QFile::exists(state.radioConf()));
-}
+    void findByName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("caseSensitive");
+        QTest::addColumn<int>("row");
+        QTest::newRow("jpn, case-insensitive") << "jpn" << false << 8;
+        QTest::newRow("jpn, case-sensitive") << "jpn" << true << -1;
+        QTest::newRow("JPN, case-sensitive") << "JPN" << true << 8;
+        QTest::newRow("E is not EUR") << "E" << true << 3;
+        QTest::newRow("EU matches nothing") << "EU" << false << -1;
+        QTest::newRow("empty") << "" << false << -1;
+    }
 
-void tst_Region::tunerStepIgnoresBadVariant()
-{
-    TestState state;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is not a tuner step variant"));
-    setTunerStep(2);
-    QVERIFY(!QFile::exists(state.root() + QLatin1String("/nilo/etc/radio.conf")));
-}
+    void findByName()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, caseSensitive);
+        QFETCH(int, row);
+        const tagTunerRegion_T *region = findRegionByName(name, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
+        QCOMPARE(region, row < 0 ? nullptr : &tunerRegionTable[row]);
+    }
+
+    void tunerStepRewritesTheServiceConfiguration_data()
+    {
+        QTest::addColumn<QString>("region");
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QVariant>("fm0Current");
+        QTest::addColumn<QVariant>("fm0Preset1");
+        QTest::addColumn<QVariant>("am3Preset5");
+
+        QTest::newRow("EUR variant 1 is all zero") << "EUR" << 1 << QVariant(0) << QVariant(0) << QVariant(0);
+        QTest::newRow("EUR variant 0") << "EUR" << 0 << QVariant(8750) << QVariant(9750) << QVariant(1602);
+        QTest::newRow("e variant 1, name in any case") << "e" << 1 << QVariant(8750) << QVariant(9590) << QVariant(1710);
+        QTest::newRow("no region: only the step") << "" << 1 << QVariant() << QVariant() << QVariant();
+        QTest::newRow("unknown region: only the step") << "MARS" << 0 << QVariant() << QVariant() << QVariant();
+    }
+
+    void tunerStepRewritesTheServiceConfiguration()
+    {
+        QFETCH(QString, region);
+        QFETCH(int, step);
+        QFETCH(QVariant, fm0Current);
+        QFETCH(QVariant, fm0Preset1);
+        QFETCH(QVariant, am3Preset5);
+
+        TestState state;
+        const QString path = state.root() + QLatin1String("/nilo/etc/radio.conf");
+        QDir().mkpath(state.root() + QLatin1String("/nilo/etc"));
+        {
+            QSettings seed(path, QSettings::IniFormat);
+            seed.setValue(QStringLiteral("Tune/Region"), region);
+            seed.setValue(QStringLiteral("Freq/FM0/preset_0"), 12345);
+        }
+        if (region == QLatin1String("MARS"))
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("MARS is not a known region"));
+
+        setTunerStep(step);
+
+        QSettings conf(path, QSettings::IniFormat);
+        QCOMPARE(conf.value("Tune/TunerStep").toInt(), step);
+        const auto asInt = [](const QVariant &v) { return v.isValid() ? QVariant(v.toInt()) : v; };
+        QCOMPARE(asInt(conf.value("Freq/FM0/CurrFreq")), fm0Current);
+        QCOMPARE(asInt(conf.value("Freq/FM0/preset_1")), fm0Preset1);
+        QCOMPARE(asInt(conf.value("Freq/AM3/preset_5")), am3Preset5);
+        // Limits and steps are not part of the rewrite.
+        QVERIFY(!conf.contains("Freq/FM0/step"));
+        // The preferences' own file is a different one.
+        QVERIFY(!QFile::exists(state.radioConf()));
+    }
+
+    void tunerStepIgnoresBadVariant()
+    {
+        TestState state;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is not a tuner step variant"));
+        setTunerStep(2);
+        QVERIFY(!QFile::exists(state.root() + QLatin1String("/nilo/etc/radio.conf")));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_Region)
 #include "tst_region.moc"

@@ -22,219 +22,194 @@
 
 using namespace tuner;
 
-namespace {
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-} // namespace
-
 class tst_ScreenStack : public QObject, private TunerFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        QVERIFY(startServices());
+    }
 
-    void startsOnThePlayer();
-    void aRunningSearchComesBackWithTheWindow();
-    void optionListIsRebuiltEachTime();
-    void ptyListIsKept();
-    void searchPopupFollowsTheSearchStatus_data();
-    void searchPopupFollowsTheSearchStatus();
-    void finishedSearchReturnsToThePlayer();
-    void ptyListReturnsToTheOptionsAfterASearch();
-    void touchingTheListRestartsTheWait();
-    void withoutASearchThePtyListStays();
-    void closingThePopupShowsTheListFromTheTop();
-    void aSearchFromTheOptionList();
-    void languageChangeIsSwallowed();
+    void init()
+    {
+        newState();
+        m_stack = std::make_unique<MainWidget>();
+        QVERIFY(shown(m_stack));
+    }
+
+    void cleanup()
+    {
+        m_stack.reset();
+        m_state.reset();
+    }
+
+    void startsOnThePlayer()
+    {
+        QCOMPARE(g_TunerCurDSPL, 1);
+        QVERIFY(m_stack->player()->isVisible());
+        QVERIFY(!m_stack->optionList() && !m_stack->ptyList() && !m_stack->searchPopup());
+    }
+
+    void aRunningSearchComesBackWithTheWindow()
+    {
+        m_stack.reset();
+        prefs()->setPtySerchstate(3);
+        prefs()->setPTYSerchName(QStringLiteral("Sport"));
+        m_stack = std::make_unique<MainWidget>();
+        QVERIFY(m_stack->searchPopup());
+        QCOMPARE(g_TunerCurDSPL, 4);
+        QVERIFY(m_stack->searchPopup()->isAnimating());
+        QVERIFY(m_stack->player()->isHidden());
+    }
+
+    void optionListIsRebuiltEachTime()
+    {
+        m_stack->onShowOptionWnd();
+        QPointer<OptionWidget> first = m_stack->optionList();
+        QVERIFY(first && first->isVisible());
+        QCOMPARE(g_TunerCurDSPL, 2);
+        m_stack->onShowOptionWnd();
+        QVERIFY(m_stack->optionList() != first.data());
+        QVERIFY(first->isHidden());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(first.isNull()); // its signals reach nothing any more
+        emit m_stack->optionList()->backTunerPlayer();
+        QCOMPARE(g_TunerCurDSPL, 1);
+        QVERIFY(!m_stack->optionList());
+    }
+
+    void ptyListIsKept()
+    {
+        m_stack->onShowPTYWdiget();
+        PTYWidget *list = m_stack->ptyList();
+        QVERIFY(list && list->isVisible());
+        QCOMPARE(g_TunerCurDSPL, 3);
+        m_stack->onShowTunerPlayer();
+        QVERIFY(list->isHidden());
+        m_stack->onShowPTYWdiget();
+        QCOMPARE(m_stack->ptyList(), list);
+    }
+
+    void searchPopupFollowsTheSearchStatus_data()
+    {
+        QTest::addColumn<QList<int>>("statuses");
+        QTest::addColumn<int>("display");
+        QTest::addColumn<bool>("popup");
+        QTest::addColumn<bool>("closeShown");
+        QTest::newRow("searching: no Close") << QList<int>{3} << 4 << true << false;
+        QTest::newRow("not found: Close") << QList<int>{3, 4} << 5 << true << true;
+        QTest::newRow("not found without a popup builds one") << QList<int>{4} << 5 << true << true;
+        QTest::newRow("found: the PTY list") << QList<int>{3, 6} << 3 << false << false;
+        QTest::newRow("5 changes nothing") << QList<int>{3, 5} << 4 << true << false;
+    }
+
+    void searchPopupFollowsTheSearchStatus()
+    {
+        QFETCH(QList<int>, statuses);
+        QFETCH(int, display);
+        QFETCH(bool, popup);
+        QFETCH(bool, closeShown);
+        for (int status : statuses)
+            m_stack->PTYsearchStatus(status);
+        QCOMPARE(g_TunerCurDSPL, display);
+        QCOMPARE(m_stack->searchPopup() != nullptr, popup);
+        if (popup) {
+            QVERIFY(m_stack->searchPopup()->isVisible());
+            QCOMPARE(!m_stack->searchPopup()->findChild<QWidget *>("Key_0085_close")->isHidden(), closeShown);
+        }
+    }
+
+    void finishedSearchReturnsToThePlayer()
+    {
+        m_stack->PTYsearchStatus(3);
+        m_stack->PTYsearchStatus(4);
+        QVERIFY(m_stack->searchDoneTimerActive());
+        QTRY_COMPARE_WITH_TIMEOUT(g_TunerCurDSPL, 1, 7000);
+        QVERIFY(m_stack->player()->isVisible());
+        QVERIFY(!m_stack->searchPopup());
+    }
+
+    void ptyListReturnsToTheOptionsAfterASearch()
+    {
+        m_stack->PTYsearchStatus(3);
+        m_stack->PTYsearchStatus(6); // found: the list, and five seconds later the options
+        QCOMPARE(g_TunerCurDSPL, 3);
+        QVERIFY(m_stack->optionReturnTimerActive());
+        QTRY_COMPARE_WITH_TIMEOUT(g_TunerCurDSPL, 2, 7000);
+        QVERIFY(m_stack->optionList());
+        // The search is over: the list no longer sends the driver back by itself.
+        m_stack->onShowPTYWdiget();
+        QVERIFY(!m_stack->optionReturnTimerActive());
+    }
+
+    void touchingTheListRestartsTheWait()
+    {
+        m_stack->PTYsearchStatus(3);
+        m_stack->PTYsearchStatus(6);
+        QVERIFY(m_stack->optionReturnTimerActive());
+        m_stack->onListStateChange(QScroller::Pressed);
+        QVERIFY(m_stack->optionReturnTimerActive());
+        m_stack->onListStateChange(QScroller::Dragging);
+        QVERIFY(!m_stack->optionReturnTimerActive());
+        m_stack->onListStateChange(QScroller::Scrolling);
+        QVERIFY(!m_stack->optionReturnTimerActive());
+        m_stack->onListStateChange(QScroller::Inactive);
+        QVERIFY(m_stack->optionReturnTimerActive());
+    }
+
+    void withoutASearchThePtyListStays()
+    {
+        m_stack->onShowOptionWnd();
+        emit m_stack->optionList()->showPTYWidget();
+        QCOMPARE(g_TunerCurDSPL, 3);
+        QVERIFY(!m_stack->optionReturnTimerActive());
+        m_stack->onListStateChange(QScroller::Dragging);
+        m_stack->onListStateChange(QScroller::Inactive);
+        QVERIFY(!m_stack->optionReturnTimerActive());
+    }
+
+    void closingThePopupShowsTheListFromTheTop()
+    {
+        m_stack->onShowPTYWdiget();
+        m_stack->PTYsearchStatus(3);
+        m_stack->PTYsearchStatus(4);
+        QPointer<PTYSearchWidget> popup = m_stack->searchPopup();
+        WarningCounter warnings;
+        popup->onClose_0085();
+        QCOMPARE(warnings.lines(), QStringList()); // a normal tap is no warning
+        QCOMPARE(g_TunerCurDSPL, 3);
+        QVERIFY(!m_stack->searchPopup());
+        QVERIFY(!prefs()->closeClicked()); // used by the list and reset
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(popup.isNull());
+        QVERIFY(!m_stack->searchDoneTimerActive());
+    }
+
+    void aSearchFromTheOptionList()
+    {
+        m_stack->onShowOptionWnd();
+        emit m_stack->optionList()->showPTYWidget();
+        PTYWidget *list = m_stack->ptyList();
+        forgetCalls();
+        list->onPTYSelected(list->model()->index(9, 0)); // Pop Music
+        QCOMPARE(prefs()->PTYseachItem(), QStringLiteral("Pop Music"));
+        QVERIFY(m_fakes->describedCalls(m_fakes->radio()).contains("ptySearch(10)"));
+        // The radio's reports arrive through the main window.
+        m_stack->PTYsearchStatus(3);
+        QCOMPARE(m_stack->searchPopup()->findChild<QLabel *>("Txt_0111_line2")->text(), QStringLiteral("Pop Music"));
+    }
+
+    void languageChangeIsSwallowed()
+    {
+        QEvent change(QEvent::LanguageChange);
+        QVERIFY(QCoreApplication::sendEvent(m_stack.get(), &change));
+    }
 
 private:
     std::unique_ptr<MainWidget> m_stack;
 };
-
-void tst_ScreenStack::initTestCase()
-{
-    QVERIFY(startServices());
-}
-
-void tst_ScreenStack::init()
-{
-    newState();
-    m_stack = std::make_unique<MainWidget>();
-    QVERIFY(shown(m_stack));
-}
-
-void tst_ScreenStack::cleanup()
-{
-    m_stack.reset();
-    m_state.reset();
-}
-
-void tst_ScreenStack::startsOnThePlayer()
-{
-    QCOMPARE(g_TunerCurDSPL, 1);
-    QVERIFY(m_stack->player()->isVisible());
-    QVERIFY(!m_stack->optionList() && !m_stack->ptyList() && !m_stack->searchPopup());
-}
-
-void tst_ScreenStack::aRunningSearchComesBackWithTheWindow()
-{
-    m_stack.reset();
-    prefs()->setPtySerchstate(3);
-    prefs()->setPTYSerchName(QStringLiteral("Sport"));
-    m_stack = std::make_unique<MainWidget>();
-    QVERIFY(m_stack->searchPopup());
-    QCOMPARE(g_TunerCurDSPL, 4);
-    QVERIFY(m_stack->searchPopup()->isAnimating());
-    QVERIFY(m_stack->player()->isHidden());
-}
-
-void tst_ScreenStack::optionListIsRebuiltEachTime()
-{
-    m_stack->onShowOptionWnd();
-    QPointer<OptionWidget> first = m_stack->optionList();
-    QVERIFY(first && first->isVisible());
-    QCOMPARE(g_TunerCurDSPL, 2);
-    m_stack->onShowOptionWnd();
-    QVERIFY(m_stack->optionList() != first.data());
-    QVERIFY(first->isHidden());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(first.isNull()); // its signals reach nothing any more
-    emit m_stack->optionList()->backTunerPlayer();
-    QCOMPARE(g_TunerCurDSPL, 1);
-    QVERIFY(!m_stack->optionList());
-}
-
-void tst_ScreenStack::ptyListIsKept()
-{
-    m_stack->onShowPTYWdiget();
-    PTYWidget *list = m_stack->ptyList();
-    QVERIFY(list && list->isVisible());
-    QCOMPARE(g_TunerCurDSPL, 3);
-    m_stack->onShowTunerPlayer();
-    QVERIFY(list->isHidden());
-    m_stack->onShowPTYWdiget();
-    QCOMPARE(m_stack->ptyList(), list);
-}
-
-void tst_ScreenStack::searchPopupFollowsTheSearchStatus_data()
-{
-    QTest::addColumn<QList<int>>("statuses");
-    QTest::addColumn<int>("display");
-    QTest::addColumn<bool>("popup");
-    QTest::addColumn<bool>("closeShown");
-    QTest::newRow("searching: no Close") << QList<int>{3} << 4 << true << false;
-    QTest::newRow("not found: Close") << QList<int>{3, 4} << 5 << true << true;
-    QTest::newRow("not found without a popup builds one") << QList<int>{4} << 5 << true << true;
-    QTest::newRow("found: the PTY list") << QList<int>{3, 6} << 3 << false << false;
-    QTest::newRow("5 changes nothing") << QList<int>{3, 5} << 4 << true << false;
-}
-
-void tst_ScreenStack::searchPopupFollowsTheSearchStatus()
-{
-    QFETCH(QList<int>, statuses);
-    QFETCH(int, display);
-    QFETCH(bool, popup);
-    QFETCH(bool, closeShown);
-    for (int status : statuses)
-        m_stack->PTYsearchStatus(status);
-    QCOMPARE(g_TunerCurDSPL, display);
-    QCOMPARE(m_stack->searchPopup() != nullptr, popup);
-    if (popup) {
-        QVERIFY(m_stack->searchPopup()->isVisible());
-        QCOMPARE(!m_stack->searchPopup()->findChild<QWidget *>("Key_0085_close")->isHidden(), closeShown);
-    }
-}
-
-void tst_ScreenStack::finishedSearchReturnsToThePlayer()
-{
-    m_stack->PTYsearchStatus(3);
-    m_stack->PTYsearchStatus(4);
-    QVERIFY(m_stack->searchDoneTimerActive());
-    QTRY_COMPARE_WITH_TIMEOUT(g_TunerCurDSPL, 1, 7000);
-    QVERIFY(m_stack->player()->isVisible());
-    QVERIFY(!m_stack->searchPopup());
-}
-
-void tst_ScreenStack::ptyListReturnsToTheOptionsAfterASearch()
-{
-    m_stack->PTYsearchStatus(3);
-    m_stack->PTYsearchStatus(6); // found: the list, and five seconds later the options
-    QCOMPARE(g_TunerCurDSPL, 3);
-    QVERIFY(m_stack->optionReturnTimerActive());
-    QTRY_COMPARE_WITH_TIMEOUT(g_TunerCurDSPL, 2, 7000);
-    QVERIFY(m_stack->optionList());
-    // The search is over: the list no longer sends the driver back by itself.
-    m_stack->onShowPTYWdiget();
-    QVERIFY(!m_stack->optionReturnTimerActive());
-}
-
-void tst_ScreenStack::touchingTheListRestartsTheWait()
-{
-    m_stack->PTYsearchStatus(3);
-    m_stack->PTYsearchStatus(6);
-    QVERIFY(m_stack->optionReturnTimerActive());
-    m_stack->onListStateChange(QScroller::Pressed);
-    QVERIFY(m_stack->optionReturnTimerActive());
-    m_stack->onListStateChange(QScroller::Dragging);
-    QVERIFY(!m_stack->optionReturnTimerActive());
-    m_stack->onListStateChange(QScroller::Scrolling);
-    QVERIFY(!m_stack->optionReturnTimerActive());
-    m_stack->onListStateChange(QScroller::Inactive);
-    QVERIFY(m_stack->optionReturnTimerActive());
-}
-
-void tst_ScreenStack::withoutASearchThePtyListStays()
-{
-    m_stack->onShowOptionWnd();
-    emit m_stack->optionList()->showPTYWidget();
-    QCOMPARE(g_TunerCurDSPL, 3);
-    QVERIFY(!m_stack->optionReturnTimerActive());
-    m_stack->onListStateChange(QScroller::Dragging);
-    m_stack->onListStateChange(QScroller::Inactive);
-    QVERIFY(!m_stack->optionReturnTimerActive());
-}
-
-void tst_ScreenStack::closingThePopupShowsTheListFromTheTop()
-{
-    m_stack->onShowPTYWdiget();
-    m_stack->PTYsearchStatus(3);
-    m_stack->PTYsearchStatus(4);
-    QPointer<PTYSearchWidget> popup = m_stack->searchPopup();
-    WarningCounter warnings;
-    popup->onClose_0085();
-    QCOMPARE(warnings.lines(), QStringList()); // a normal tap is no warning
-    QCOMPARE(g_TunerCurDSPL, 3);
-    QVERIFY(!m_stack->searchPopup());
-    QVERIFY(!prefs()->closeClicked()); // used by the list and reset
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(popup.isNull());
-    QVERIFY(!m_stack->searchDoneTimerActive());
-}
-
-void tst_ScreenStack::aSearchFromTheOptionList()
-{
-    m_stack->onShowOptionWnd();
-    emit m_stack->optionList()->showPTYWidget();
-    PTYWidget *list = m_stack->ptyList();
-    forgetCalls();
-    list->onPTYSelected(list->model()->index(9, 0)); // Pop Music
-    QCOMPARE(prefs()->PTYseachItem(), QStringLiteral("Pop Music"));
-    QVERIFY(m_fakes->describedCalls(m_fakes->radio()).contains("ptySearch(10)"));
-    // The radio's reports arrive through the main window.
-    m_stack->PTYsearchStatus(3);
-    QCOMPARE(m_stack->searchPopup()->findChild<QLabel *>("Txt_0111_line2")->text(), QStringLiteral("Pop Music"));
-}
-
-void tst_ScreenStack::languageChangeIsSwallowed()
-{
-    QEvent change(QEvent::LanguageChange);
-    QVERIFY(QCoreApplication::sendEvent(m_stack.get(), &change));
-}
 
 QTEST_MAIN(tst_ScreenStack)
 #include "tst_screenstack.moc"

@@ -11,81 +11,75 @@ class tst_ScrollLabel : public QObject
     Q_OBJECT
 
 private slots:
-    void aPassRunsOnceAndStopsAtTheStart_data();
-    void aPassRunsOnceAndStopsAtTheStart();
-    void clickRestartsAfterAPause();
-    void pressIsReportedAsClicked();
-    void stopReturnsToTheStart();
+    void aPassRunsOnceAndStopsAtTheStart_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("longer than the label") << "ROCK ANTENNE - THE BEST ROCK OF ALL TIME";
+        QTest::newRow("narrower than the label still runs a full pass") << "FFH";
+    }
+
+    void aPassRunsOnceAndStopsAtTheStart()
+    {
+        QFETCH(QString, text);
+        ScrollLabel label;
+        label.resize(249, 44);
+        label.setText(text);
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        QSignalSpy state(&label, &ScrollLabel::slabelState);
+
+        label.onStart();
+        QCOMPARE(label.timerInterval(), 20);
+        QTRY_VERIFY(label.xPosition() < -4);
+        QVERIFY(label.isRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!label.isTimerActive(), 15000);
+        QCOMPARE(label.xPosition(), 0);
+        QCOMPARE(label.isRunning(), false);
+        QCOMPARE(state.last().at(0).toBool(), false);
+        QCOMPARE(state.count(QList<QVariant>{false}) , 1);
+    }
+
+    void clickRestartsAfterAPause()
+    {
+        ScrollLabel label;
+        label.resize(249, 44);
+        label.setText(QStringLiteral("BAYERN 3 - DAS BESTE AM RADIO"));
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        QSignalSpy state(&label, &ScrollLabel::slabelState);
+        label.onStart();
+        QTRY_VERIFY(label.xPosition() < -10);
+
+        label.slotClicked();
+        QCOMPARE(label.xPosition(), 0);
+        QCOMPARE(label.timerInterval(), 2000); // a pause at the start position
+        QVERIFY(label.isTimerActive());
+        // The paint at the start position ended the pass in progress.
+        QVERIFY(state.contains(QList<QVariant>{false}));
+    }
+
+    void pressIsReportedAsClicked()
+    {
+        ScrollLabel label;
+        label.resize(100, 40);
+        QSignalSpy clicked(&label, &ScrollLabel::clicked);
+        QTest::mousePress(&label, Qt::LeftButton);
+        QCOMPARE(clicked.count(), 1);
+    }
+
+    void stopReturnsToTheStart()
+    {
+        ScrollLabel label;
+        label.resize(100, 40);
+        label.setText(QStringLiteral("A NAME TOO LONG FOR THE LABEL"));
+        label.show();
+        label.onStart();
+        QTRY_VERIFY(label.xPosition() < 0);
+        label.onStop();
+        QCOMPARE(label.xPosition(), 0);
+        QVERIFY(!label.isTimerActive());
+    }
 };
-
-void tst_ScrollLabel::aPassRunsOnceAndStopsAtTheStart_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("longer than the label") << "ROCK ANTENNE - THE BEST ROCK OF ALL TIME";
-    QTest::newRow("narrower than the label still runs a full pass") << "FFH";
-}
-
-void tst_ScrollLabel::aPassRunsOnceAndStopsAtTheStart()
-{
-    QFETCH(QString, text);
-    ScrollLabel label;
-    label.resize(249, 44);
-    label.setText(text);
-    label.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&label));
-    QSignalSpy state(&label, &ScrollLabel::slabelState);
-
-    label.onStart();
-    QCOMPARE(label.timerInterval(), 20);
-    QTRY_VERIFY(label.xPosition() < -4);
-    QVERIFY(label.isRunning());
-    QTRY_VERIFY_WITH_TIMEOUT(!label.isTimerActive(), 15000);
-    QCOMPARE(label.xPosition(), 0);
-    QCOMPARE(label.isRunning(), false);
-    QCOMPARE(state.last().at(0).toBool(), false);
-    QCOMPARE(state.count(QList<QVariant>{false}) , 1);
-}
-
-void tst_ScrollLabel::clickRestartsAfterAPause()
-{
-    ScrollLabel label;
-    label.resize(249, 44);
-    label.setText(QStringLiteral("BAYERN 3 - DAS BESTE AM RADIO"));
-    label.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&label));
-    QSignalSpy state(&label, &ScrollLabel::slabelState);
-    label.onStart();
-    QTRY_VERIFY(label.xPosition() < -10);
-
-    label.slotClicked();
-    QCOMPARE(label.xPosition(), 0);
-    QCOMPARE(label.timerInterval(), 2000); // a pause at the start position
-    QVERIFY(label.isTimerActive());
-    // The paint at the start position ended the pass in progress.
-    QVERIFY(state.contains(QList<QVariant>{false}));
-}
-
-void tst_ScrollLabel::pressIsReportedAsClicked()
-{
-    ScrollLabel label;
-    label.resize(100, 40);
-    QSignalSpy clicked(&label, &ScrollLabel::clicked);
-    QTest::mousePress(&label, Qt::LeftButton);
-    QCOMPARE(clicked.count(), 1);
-}
-
-void tst_ScrollLabel::stopReturnsToTheStart()
-{
-    ScrollLabel label;
-    label.resize(100, 40);
-    label.setText(QStringLiteral("A NAME TOO LONG FOR THE LABEL"));
-    label.show();
-    label.onStart();
-    QTRY_VERIFY(label.xPosition() < 0);
-    label.onStop();
-    QCOMPARE(label.xPosition(), 0);
-    QVERIFY(!label.isTimerActive());
-}
 
 QTEST_MAIN(tst_ScrollLabel)
 #include "tst_scrolllabel.moc"

@@ -20,425 +20,389 @@
 
 using namespace tuner;
 
-namespace {
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-} // namespace
-
 class tst_TunerPlayer : public QObject, private TunerFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        QVERIFY(startServices());
+    }
 
-    void displayFormats_data();
-    void displayFormats();
-    void manualStepWrapsAtTheEdges_data();
-    void manualStepWrapsAtTheEdges();
-    void manualHoldRepeatsAndTunesOnRelease();
-    void reportsAreIgnoredWhileAManualKeyRepeats();
-    void seekKeys_data();
-    void seekKeys();
-    void swipes_data();
-    void swipes();
-    void bandKeyIsLockedUntilTheServiceConfirms();
-    void presetHoldStoresAndEarlierReleaseRecalls_data();
-    void presetHoldStoresAndEarlierReleaseRecalls();
-    void dragAcrossThePresetsCancelsTheHold();
-    void presetLabelsShowNamesOrFrequencies();
-    void amPagesAcceptPageOrBand_data();
-    void amPagesAcceptPageOrBand();
-    void statusPageAndDots_data();
-    void statusPageAndDots();
-    void searchEndIsShownAfterTheSettleDelay();
-    void frequencyReportsAreChecked_data();
-    void frequencyReportsAreChecked();
-    void automaticStoreStartAndEnd();
+    void init()
+    {
+        m_fakes->radio()->clearAnswers();
+    }
+
+    void cleanup()
+    {
+        m_player.reset();
+        m_state.reset();
+    }
+
+    void displayFormats_data()
+    {
+        QTest::addColumn<int>("destination");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("freq");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("FM step 5 shows two decimals") << 0 << 0 << 8750 << "87.50";
+        QTest::newRow("FM step 10 shows one decimal") << 3 << 0 << 10790 << "107.9";
+        QTest::newRow("FM step 20 shows one decimal") << 1 << 1 << 10170 << "101.7";
+        QTest::newRow("AM in kHz") << 1 << 3 << 1620 << "1620";
+    }
+
+    void displayFormats()
+    {
+        QFETCH(int, destination);
+        QFETCH(int, band);
+        QFETCH(int, freq);
+        QFETCH(QString, shown);
+        TestState::Vehicle vehicle;
+        vehicle.destination = destination;
+        makePlayer(vehicle);
+        prefs()->setBand(Band(band));
+        m_player->updateLabelFreq();
+        m_player->setValue(freq);
+        QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
+        QCOMPARE(m_player->normalValue(freq), shown);
+    }
+
+    void manualStepWrapsAtTheEdges_data()
+    {
+        QTest::addColumn<bool>("plus");
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
+        QTest::newRow("plus at the top wraps to the bottom") << true << 10800 << 8750;
+        QTest::newRow("minus at the bottom wraps to the top") << false << 8750 << 10800;
+        QTest::newRow("plus one step below the top reaches it") << true << 10795 << 10800;
+    }
+
+    void manualStepWrapsAtTheEdges()
+    {
+        QFETCH(bool, plus);
+        QFETCH(int, from);
+        QFETCH(int, to);
+        makePlayer();
+        m_player->setValue(from);
+        plus ? m_player->onManualPlusClicked() : m_player->onManualMinusClicked();
+        QCOMPARE(m_player->freqValue(), to);
+        QCOMPARE(radioCalls(), QStringList{QStringLiteral("tune(%1)").arg(to)});
+        QCOMPARE(mcuCalls(), QStringList{"triggerBeep(0)"});
+        // The key waits for the service to confirm before it takes touches again.
+        QWidget *key = button(plus ? "Key_0028_manual_plus" : "Key_0027_manual_minus");
+        QVERIFY(key->testAttribute(Qt::WA_TransparentForMouseEvents));
+        m_player->onFrequencyChanged(to, 0);
+        QVERIFY(!key->testAttribute(Qt::WA_TransparentForMouseEvents));
+    }
+
+    void manualHoldRepeatsAndTunesOnRelease()
+    {
+        makePlayer();
+        const int start = m_player->freqValue();
+        m_player->onManualPlusPressed();
+        TUNER_VERIFY_AFTER_PERIOD(300, m_player->freqValue() > start);
+        QCOMPARE(radioCalls(), QStringList{"keyLongPress(1)"});
+        QCOMPARE(mcuCalls(), QStringList{"triggerBeep(1)"});
+        m_player->onManualPlusReleased();
+        const int tuned = m_player->freqValue();
+        QCOMPARE(radioCalls(), (QStringList{"keyLongPress(1)", "keyLongPress(0)", QStringLiteral("tune(%1)").arg(tuned)}));
+        QCOMPARE(label("Txt_0035_rds_freq")->text(), m_player->normalValue(tuned));
+    }
+
+    void reportsAreIgnoredWhileAManualKeyRepeats()
+    {
+        makePlayer();
+        m_player->onManualMinusPressed();
+        m_fakes->inServiceThread([&] { emit m_fakes->radio()->stationChanged(9450, 0); });
+        m_fakes->settle();
+        QCoreApplication::processEvents();
+        QTRY_VERIFY(m_player->freqValue() > 10000); // the first step down wrapped to the top
+        QVERIFY(m_player->freqValue() != 9450);
+        m_player->onManualMinusReleased();
+    }
+
+    void seekKeys_data()
+    {
+        QTest::addColumn<bool>("up");
+        QTest::addColumn<int>("workStatus");
+        QTest::addColumn<QStringList>("radio");
+        QTest::newRow("seek up, idle") << true << 0 << QStringList{"seekForward()"};
+        QTest::newRow("seek down, idle") << false << 0 << QStringList{"seekBackward()"};
+        QTest::newRow("seek while seeking only stops") << true << 2 << QStringList{"terminate()", "tune(8750)"};
+        QTest::newRow("seek during PTY search only stops") << false << 5 << QStringList{"terminate()", "tune(8750)"};
+        QTest::newRow("seek during automatic store does nothing") << true << 1 << QStringList();
+    }
+
+    void seekKeys()
+    {
+        QFETCH(bool, up);
+        QFETCH(int, workStatus);
+        QFETCH(QStringList, radio);
+        makePlayer();
+        m_player->onWorkStatus(workStatus);
+        tapAt(button(up ? "Key_0029_seek_plus" : "Key_0026_seek_minus"));
+        QCOMPARE(radioCalls(), radio);
+        QCOMPARE(mcuCalls(), QStringList{"triggerBeep(0)"}); // a beep before any test
+    }
+
+    void swipes_data()
+    {
+        QTest::addColumn<QPoint>("from");
+        QTest::addColumn<QPoint>("to");
+        QTest::addColumn<QStringList>("radio");
+        const QStringList up{"setPreset(0)", "setTa(false)", "setAf(true)"};
+        QTest::newRow("right 101 px seeks up") << QPoint(300, 120) << QPoint(401, 120) << QStringList{"seekForward()"};
+        QTest::newRow("right 100 px does nothing") << QPoint(300, 120) << QPoint(400, 120) << QStringList();
+        QTest::newRow("left 101 px seeks down") << QPoint(500, 120) << QPoint(399, 150) << QStringList{"seekBackward()"};
+        QTest::newRow("up steps to the next preset") << QPoint(400, 250) << QPoint(410, 140) << up;
+        QTest::newRow("down steps to the previous preset") << QPoint(400, 100) << QPoint(390, 210) << up;
+        QTest::newRow("start at y 311 is ignored") << QPoint(300, 311) << QPoint(500, 311) << QStringList();
+        QTest::newRow("start at y 310 counts") << QPoint(300, 310) << QPoint(500, 305) << QStringList{"seekForward()"};
+    }
+
+    void swipes()
+    {
+        QFETCH(QPoint, from);
+        QFETCH(QPoint, to);
+        QFETCH(QStringList, radio);
+        makePlayer();
+        QTest::mousePress(m_player.get(), Qt::LeftButton, {}, from);
+        QTest::mouseRelease(m_player.get(), Qt::LeftButton, {}, to);
+        QCOMPARE(radioCalls(), radio);
+    }
+
+    void bandKeyIsLockedUntilTheServiceConfirms()
+    {
+        makePlayer();
+        QWidget *key = button("Key_0020_switch_band");
+        tapAt(key);
+        QCOMPARE(int(prefs()->band()), 3);
+        QCOMPARE(label("Txt_0017_band_name")->text(), QStringLiteral("AM"));
+        QVERIFY(m_player->findChild<QScrollArea *>("scrollArea_tuner_am")->isVisible());
+        QVERIFY(radioCalls().contains("setband(3)"));
+        m_fakes->clearCalls();
+
+        tapAt(key); // within three seconds and unconfirmed: the touch does not reach the key
+        QCOMPARE(int(prefs()->band()), 3);
+        QCOMPARE(radioCalls().filter("setband"), QStringList());
+
+        m_fakes->inServiceThread([&] { emit m_fakes->radio()->bandFMAMChang(0); });
+        m_fakes->settle();
+        QCoreApplication::processEvents();
+        QVERIFY(key->testAttribute(Qt::WA_TransparentForMouseEvents)); // only 1 confirms
+        m_fakes->inServiceThread([&] { emit m_fakes->radio()->bandFMAMChang(1); });
+        QTRY_VERIFY(!key->testAttribute(Qt::WA_TransparentForMouseEvents));
+        tapAt(key);
+        QCOMPARE(int(prefs()->band()), 0);
+        QCOMPARE(label("Txt_0036_rds_unit")->text(), QStringLiteral("MHz"));
+    }
+
+    void presetHoldStoresAndEarlierReleaseRecalls_data()
+    {
+        QTest::addColumn<int>("holdMs"); // 0: released at once
+        QTest::addColumn<QStringList>("radio");
+        QTest::addColumn<QStringList>("mcu");
+        QTest::newRow("hold stores") << 1500 << QStringList{"savePreset(2)"} << QStringList{"triggerBeep(1)"};
+        QTest::newRow("short press recalls") << 0 << QStringList{"setPreset(2)", "setTa(false)", "setAf(true)"} << QStringList{"triggerBeep(0)"};
+    }
+
+    void presetHoldStoresAndEarlierReleaseRecalls()
+    {
+        QFETCH(int, holdMs);
+        QFETCH(QStringList, radio);
+        QFETCH(QStringList, mcu);
+        makePlayer();
+        m_player->setValue(9450);
+        QAbstractButton *preset = button("Key_0032_p3");
+        const QPoint centre = preset->mapTo(m_player.get(), preset->rect().center());
+        QTest::mousePress(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
+        if (holdMs > 0)
+            TUNER_VERIFY_AFTER_PERIOD(holdMs, radioCalls() == radio);
+        QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
+        QCOMPARE(radioCalls(), radio); // the release after a store recalls nothing
+        QCOMPARE(mcuCalls(), mcu);
+        QVERIFY(preset->isChecked());
+        QCOMPARE(prefs()->playFreqId(), 2);
+        if (holdMs > 0) {
+            QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_2").toInt(), 9450);
+            QCOMPARE(label("Txt_0025_f3")->text(), QStringLiteral("94.50"));
+        } else {
+            QCOMPARE(label("Txt_0035_rds_freq")->text(), QStringLiteral("98.00")); // shown at once
+        }
+    }
+
+    void dragAcrossThePresetsCancelsTheHold()
+    {
+        makePlayer();
+        QAbstractButton *preset = button("Key_0031_p2");
+        const QPoint centre = preset->mapTo(m_player.get(), preset->rect().center());
+        QTest::mousePress(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
+        // The finger moves: the page scroller starts dragging.
+        auto *pages = m_player->findChild<cm::ScrollManage *>();
+        QVERIFY(pages);
+        QScroller *scroller = pages->scroller();
+        scroller->handleInput(QScroller::InputPress, QPointF(200, 40), 0);
+        scroller->handleInput(QScroller::InputMove, QPointF(150, 40), 40);
+        scroller->handleInput(QScroller::InputMove, QPointF(90, 40), 80);
+        QTRY_COMPARE(scroller->state(), QScroller::Dragging);
+        QTest::qWait(1700); // longer than the hold
+        QCOMPARE(radioCalls().filter("savePreset"), QStringList());
+        scroller->handleInput(QScroller::InputRelease, QPointF(90, 40), 120);
+        QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
+    }
+
+    void presetLabelsShowNamesOrFrequencies()
+    {
+        makePlayer();
+        prefs()->saveRdsName(BAND_FM1, 1, QStringLiteral("NDR\u00e4 2"));
+        m_player->updateLabelFreq();
+        QCOMPARE(label("Txt_0024_f2")->text(), QStringLiteral("NDR  2"));
+        QVERIFY(label("Txt_0024_f2")->alignment() & Qt::AlignLeft);
+        QCOMPARE(label("Txt_0023_f1")->text(), QStringLiteral("87.50"));
+        QVERIFY(label("Txt_0023_f1")->alignment() & Qt::AlignHCenter);
+        QCOMPARE(label("Txt_0472_f13")->text(), QStringLiteral("87.50")); // FM3's presets too
+    }
+
+    void amPagesAcceptPageOrBand_data()
+    {
+        QTest::addColumn<int>("argument");
+        QTest::addColumn<int>("band");
+        QTest::newRow("page 0") << 0 << 3;
+        QTest::newRow("band 3") << 3 << 3;
+        QTest::newRow("page 1") << 1 << 4;
+        QTest::newRow("band 4") << 4 << 4;
+    }
+
+    void amPagesAcceptPageOrBand()
+    {
+        QFETCH(int, argument);
+        QFETCH(int, band);
+        makePlayer();
+        m_player->onUpdateNavigationIcon_AM(argument);
+        QCOMPARE(int(prefs()->band()), band);
+        QCOMPARE(int(prefs()->band_AM()), band);
+        QCOMPARE(radioCalls(), QStringList{QStringLiteral("setband(%1)").arg(band)});
+    }
+
+    void statusPageAndDots_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<bool>("local");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("period"); // of the dots
+        QTest::newRow("automatic store") << 1 << false << "Auto Store" << 500;
+        QTest::newRow("seek up") << 2 << false << "Seek Up" << 400;
+        QTest::newRow("local seek down") << 3 << true << "Local Seek Down" << 400;
+        QTest::newRow("PTY search") << 4 << false << "PTY Search Up" << 500;
+    }
+
+    void statusPageAndDots()
+    {
+        QFETCH(int, status);
+        QFETCH(bool, local);
+        QFETCH(QString, text);
+        QFETCH(int, period);
+        makePlayer();
+        prefs()->setLocal(local);
+        m_player->onWorkStatus(status);
+        QCOMPARE(page(), QStringLiteral("page_tuner_04"));
+        QCOMPARE(label("Txt_0022_status")->text(), text);
+        QLabel *dots = label("Txt_0384_status2");
+        TUNER_VERIFY_AFTER_PERIOD(period, dots->text() == QLatin1String("."));
+        QTRY_COMPARE(dots->text(), QStringLiteral(".."));
+        QTRY_COMPARE(dots->text(), QStringLiteral("..."));
+        QTRY_COMPARE(dots->text(), QStringLiteral("."));
+    }
+
+    void searchEndIsShownAfterTheSettleDelay()
+    {
+        makePlayer();
+        m_player->onSeekState(2);
+        QCOMPARE(page(), QStringLiteral("page_tuner_04"));
+        m_player->onSeekState(0);
+        QCOMPARE(m_player->workStatus(), 0);
+        QCOMPARE(page(), QStringLiteral("page_tuner_04")); // not yet: the station report may still come
+        QTRY_COMPARE(page(), QStringLiteral("page_tuner_01"));
+    }
+
+    void frequencyReportsAreChecked_data()
+    {
+        QTest::addColumn<int>("freq");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<QString>("warning");
+        QTest::addColumn<int>("newBand");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("a station of the band") << 10170 << 0 << "" << 0 << "101.70";
+        QTest::newRow("no band means the current one") << 9870 << -1 << "" << 0 << "98.70";
+        QTest::newRow("zero is invalid") << 0 << 0 << "0 is invaild freq." << 0 << "87.50";
+        QTest::newRow("another FM band becomes current") << 9000 << 2 << "2 is not match current band." << 2 << "90.00";
+        QTest::newRow("an AM frequency on FM") << 999 << 0 << "999 is invaild freq." << 3 << "999";
+    }
+
+    void frequencyReportsAreChecked()
+    {
+        QFETCH(int, freq);
+        QFETCH(int, band);
+        QFETCH(QString, warning);
+        QFETCH(int, newBand);
+        QFETCH(QString, shown);
+        makePlayer();
+        if (!warning.isEmpty())
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- ") + QRegularExpression::escape(warning)));
+        m_player->onFrequencyChanged(freq, band);
+        QCOMPARE(int(prefs()->band()), newBand);
+        QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
+    }
+
+    void automaticStoreStartAndEnd()
+    {
+        makePlayer();
+        prefs()->setPresetIndex(2); // as a recall of preset 3 leaves it
+        m_player->checkedId(2);
+        QVERIFY(button("Key_0032_p3")->isChecked());
+        m_player->onAutoScan();
+        QCOMPARE(radioCalls(), QStringList{"autoScan()"});
+        QVERIFY(!button("Key_0032_p3")->isChecked()); // the whole family is unlit while it runs
+        QCOMPARE(prefs()->bandData(BAND_FM1).currFreqId, kNoPreset);
+
+        // The service stored stations from preset 3 on and plays the first of them.
+        m_player->onWorkStatus(1);
+        const int found[] = {8800, 9450, 10020};
+        prefs()->saveFreq(found, 3);
+        prefs()->setCurrPlayFreq(8800);
+        m_player->onSeekState(0);
+        m_player->onAutoScanCompleted(QStringLiteral("8800;9450;10020"));
+        QCOMPARE(label("Txt_0025_f3")->text(), QStringLiteral("88.00"));
+        QCOMPARE(label("Txt_0027_f5")->text(), QStringLiteral("100.20"));
+        QVERIFY(button("Key_0032_p3")->isChecked());
+        QCOMPARE(prefs()->playFreqId(), 2);
+    }
 
 private:
     QLabel *label(const char *name) const { return m_player->findChild<QLabel *>(QLatin1String(name)); }
     QAbstractButton *button(const char *name) const { return m_player->findChild<QAbstractButton *>(QLatin1String(name)); }
     QString page() const { return m_player->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget()->objectName(); }
-    void makePlayer(const TestState::Vehicle &vehicle = TestState::Vehicle());
+
+    void makePlayer(const TestState::Vehicle &vehicle = TestState::Vehicle())
+    {
+        newState(vehicle);
+        m_player = std::make_unique<TunerPlayer>();
+        QVERIFY(shown(m_player));
+        forgetCalls();
+    }
+
     // Window-system input, as a touch: honours mouse transparency.
-    void tapAt(QWidget *target);
+
+    void tapAt(QWidget *target)
+    {
+        const QPoint point = target->mapTo(m_player.get(), target->rect().center());
+        QTest::mouseClick(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
+    }
 
     std::unique_ptr<TunerPlayer> m_player;
 };
-
-void tst_TunerPlayer::initTestCase()
-{
-    QVERIFY(startServices());
-}
-
-void tst_TunerPlayer::init()
-{
-    m_fakes->radio()->clearAnswers();
-}
-
-void tst_TunerPlayer::cleanup()
-{
-    m_player.reset();
-    m_state.reset();
-}
-
-void tst_TunerPlayer::makePlayer(const TestState::Vehicle &vehicle)
-{
-    newState(vehicle);
-    m_player = std::make_unique<TunerPlayer>();
-    QVERIFY(shown(m_player));
-    forgetCalls();
-}
-
-void tst_TunerPlayer::tapAt(QWidget *target)
-{
-    const QPoint point = target->mapTo(m_player.get(), target->rect().center());
-    QTest::mouseClick(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
-}
-
-void tst_TunerPlayer::displayFormats_data()
-{
-    QTest::addColumn<int>("destination");
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("freq");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("FM step 5 shows two decimals") << 0 << 0 << 8750 << "87.50";
-    QTest::newRow("FM step 10 shows one decimal") << 3 << 0 << 10790 << "107.9";
-    QTest::newRow("FM step 20 shows one decimal") << 1 << 1 << 10170 << "101.7";
-    QTest::newRow("AM in kHz") << 1 << 3 << 1620 << "1620";
-}
-
-void tst_TunerPlayer::displayFormats()
-{
-    QFETCH(int, destination);
-    QFETCH(int, band);
-    QFETCH(int, freq);
-    QFETCH(QString, shown);
-    TestState::Vehicle vehicle;
-    vehicle.destination = destination;
-    makePlayer(vehicle);
-    prefs()->setBand(Band(band));
-    m_player->updateLabelFreq();
-    m_player->setValue(freq);
-    QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
-    QCOMPARE(m_player->normalValue(freq), shown);
-}
-
-void tst_TunerPlayer::manualStepWrapsAtTheEdges_data()
-{
-    QTest::addColumn<bool>("plus");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::newRow("plus at the top wraps to the bottom") << true << 10800 << 8750;
-    QTest::newRow("minus at the bottom wraps to the top") << false << 8750 << 10800;
-    QTest::newRow("plus one step below the top reaches it") << true << 10795 << 10800;
-}
-
-void tst_TunerPlayer::manualStepWrapsAtTheEdges()
-{
-    QFETCH(bool, plus);
-    QFETCH(int, from);
-    QFETCH(int, to);
-    makePlayer();
-    m_player->setValue(from);
-    plus ? m_player->onManualPlusClicked() : m_player->onManualMinusClicked();
-    QCOMPARE(m_player->freqValue(), to);
-    QCOMPARE(radioCalls(), QStringList{QStringLiteral("tune(%1)").arg(to)});
-    QCOMPARE(mcuCalls(), QStringList{"triggerBeep(0)"});
-    // The key waits for the service to confirm before it takes touches again.
-    QWidget *key = button(plus ? "Key_0028_manual_plus" : "Key_0027_manual_minus");
-    QVERIFY(key->testAttribute(Qt::WA_TransparentForMouseEvents));
-    m_player->onFrequencyChanged(to, 0);
-    QVERIFY(!key->testAttribute(Qt::WA_TransparentForMouseEvents));
-}
-
-void tst_TunerPlayer::manualHoldRepeatsAndTunesOnRelease()
-{
-    makePlayer();
-    const int start = m_player->freqValue();
-    m_player->onManualPlusPressed();
-    TUNER_VERIFY_AFTER_PERIOD(300, m_player->freqValue() > start);
-    QCOMPARE(radioCalls(), QStringList{"keyLongPress(1)"});
-    QCOMPARE(mcuCalls(), QStringList{"triggerBeep(1)"});
-    m_player->onManualPlusReleased();
-    const int tuned = m_player->freqValue();
-    QCOMPARE(radioCalls(), (QStringList{"keyLongPress(1)", "keyLongPress(0)", QStringLiteral("tune(%1)").arg(tuned)}));
-    QCOMPARE(label("Txt_0035_rds_freq")->text(), m_player->normalValue(tuned));
-}
-
-void tst_TunerPlayer::reportsAreIgnoredWhileAManualKeyRepeats()
-{
-    makePlayer();
-    m_player->onManualMinusPressed();
-    m_fakes->inServiceThread([&] { emit m_fakes->radio()->stationChanged(9450, 0); });
-    m_fakes->settle();
-    QCoreApplication::processEvents();
-    QTRY_VERIFY(m_player->freqValue() > 10000); // the first step down wrapped to the top
-    QVERIFY(m_player->freqValue() != 9450);
-    m_player->onManualMinusReleased();
-}
-
-void tst_TunerPlayer::seekKeys_data()
-{
-    QTest::addColumn<bool>("up");
-    QTest::addColumn<int>("workStatus");
-    QTest::addColumn<QStringList>("radio");
-    QTest::newRow("seek up, idle") << true << 0 << QStringList{"seekForward()"};
-    QTest::newRow("seek down, idle") << false << 0 << QStringList{"seekBackward()"};
-    QTest::newRow("seek while seeking only stops") << true << 2 << QStringList{"terminate()", "tune(8750)"};
-    QTest::newRow("seek during PTY search only stops") << false << 5 << QStringList{"terminate()", "tune(8750)"};
-    QTest::newRow("seek during automatic store does nothing") << true << 1 << QStringList();
-}
-
-void tst_TunerPlayer::seekKeys()
-{
-    QFETCH(bool, up);
-    QFETCH(int, workStatus);
-    QFETCH(QStringList, radio);
-    makePlayer();
-    m_player->onWorkStatus(workStatus);
-    tapAt(button(up ? "Key_0029_seek_plus" : "Key_0026_seek_minus"));
-    QCOMPARE(radioCalls(), radio);
-    QCOMPARE(mcuCalls(), QStringList{"triggerBeep(0)"}); // a beep before any test
-}
-
-void tst_TunerPlayer::swipes_data()
-{
-    QTest::addColumn<QPoint>("from");
-    QTest::addColumn<QPoint>("to");
-    QTest::addColumn<QStringList>("radio");
-    const QStringList up{"setPreset(0)", "setTa(false)", "setAf(true)"};
-    QTest::newRow("right 101 px seeks up") << QPoint(300, 120) << QPoint(401, 120) << QStringList{"seekForward()"};
-    QTest::newRow("right 100 px does nothing") << QPoint(300, 120) << QPoint(400, 120) << QStringList();
-    QTest::newRow("left 101 px seeks down") << QPoint(500, 120) << QPoint(399, 150) << QStringList{"seekBackward()"};
-    QTest::newRow("up steps to the next preset") << QPoint(400, 250) << QPoint(410, 140) << up;
-    QTest::newRow("down steps to the previous preset") << QPoint(400, 100) << QPoint(390, 210) << up;
-    QTest::newRow("start at y 311 is ignored") << QPoint(300, 311) << QPoint(500, 311) << QStringList();
-    QTest::newRow("start at y 310 counts") << QPoint(300, 310) << QPoint(500, 305) << QStringList{"seekForward()"};
-}
-
-void tst_TunerPlayer::swipes()
-{
-    QFETCH(QPoint, from);
-    QFETCH(QPoint, to);
-    QFETCH(QStringList, radio);
-    makePlayer();
-    QTest::mousePress(m_player.get(), Qt::LeftButton, {}, from);
-    QTest::mouseRelease(m_player.get(), Qt::LeftButton, {}, to);
-    QCOMPARE(radioCalls(), radio);
-}
-
-void tst_TunerPlayer::bandKeyIsLockedUntilTheServiceConfirms()
-{
-    makePlayer();
-    QWidget *key = button("Key_0020_switch_band");
-    tapAt(key);
-    QCOMPARE(int(prefs()->band()), 3);
-    QCOMPARE(label("Txt_0017_band_name")->text(), QStringLiteral("AM"));
-    QVERIFY(m_player->findChild<QScrollArea *>("scrollArea_tuner_am")->isVisible());
-    QVERIFY(radioCalls().contains("setband(3)"));
-    m_fakes->clearCalls();
-
-    tapAt(key); // within three seconds and unconfirmed: the touch does not reach the key
-    QCOMPARE(int(prefs()->band()), 3);
-    QCOMPARE(radioCalls().filter("setband"), QStringList());
-
-    m_fakes->inServiceThread([&] { emit m_fakes->radio()->bandFMAMChang(0); });
-    m_fakes->settle();
-    QCoreApplication::processEvents();
-    QVERIFY(key->testAttribute(Qt::WA_TransparentForMouseEvents)); // only 1 confirms
-    m_fakes->inServiceThread([&] { emit m_fakes->radio()->bandFMAMChang(1); });
-    QTRY_VERIFY(!key->testAttribute(Qt::WA_TransparentForMouseEvents));
-    tapAt(key);
-    QCOMPARE(int(prefs()->band()), 0);
-    QCOMPARE(label("Txt_0036_rds_unit")->text(), QStringLiteral("MHz"));
-}
-
-void tst_TunerPlayer::presetHoldStoresAndEarlierReleaseRecalls_data()
-{
-    QTest::addColumn<int>("holdMs"); // 0: released at once
-    QTest::addColumn<QStringList>("radio");
-    QTest::addColumn<QStringList>("mcu");
-    QTest::newRow("hold stores") << 1500 << QStringList{"savePreset(2)"} << QStringList{"triggerBeep(1)"};
-    QTest::newRow("short press recalls") << 0 << QStringList{"setPreset(2)", "setTa(false)", "setAf(true)"} << QStringList{"triggerBeep(0)"};
-}
-
-void tst_TunerPlayer::presetHoldStoresAndEarlierReleaseRecalls()
-{
-    QFETCH(int, holdMs);
-    QFETCH(QStringList, radio);
-    QFETCH(QStringList, mcu);
-    makePlayer();
-    m_player->setValue(9450);
-    QAbstractButton *preset = button("Key_0032_p3");
-    const QPoint centre = preset->mapTo(m_player.get(), preset->rect().center());
-    QTest::mousePress(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
-    if (holdMs > 0)
-        TUNER_VERIFY_AFTER_PERIOD(holdMs, radioCalls() == radio);
-    QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
-    QCOMPARE(radioCalls(), radio); // the release after a store recalls nothing
-    QCOMPARE(mcuCalls(), mcu);
-    QVERIFY(preset->isChecked());
-    QCOMPARE(prefs()->playFreqId(), 2);
-    if (holdMs > 0) {
-        QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_2").toInt(), 9450);
-        QCOMPARE(label("Txt_0025_f3")->text(), QStringLiteral("94.50"));
-    } else {
-        QCOMPARE(label("Txt_0035_rds_freq")->text(), QStringLiteral("98.00")); // shown at once
-    }
-}
-
-void tst_TunerPlayer::dragAcrossThePresetsCancelsTheHold()
-{
-    makePlayer();
-    QAbstractButton *preset = button("Key_0031_p2");
-    const QPoint centre = preset->mapTo(m_player.get(), preset->rect().center());
-    QTest::mousePress(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
-    // The finger moves: the page scroller starts dragging.
-    auto *pages = m_player->findChild<cm::ScrollManage *>();
-    QVERIFY(pages);
-    QScroller *scroller = pages->scroller();
-    scroller->handleInput(QScroller::InputPress, QPointF(200, 40), 0);
-    scroller->handleInput(QScroller::InputMove, QPointF(150, 40), 40);
-    scroller->handleInput(QScroller::InputMove, QPointF(90, 40), 80);
-    QTRY_COMPARE(scroller->state(), QScroller::Dragging);
-    QTest::qWait(1700); // longer than the hold
-    QCOMPARE(radioCalls().filter("savePreset"), QStringList());
-    scroller->handleInput(QScroller::InputRelease, QPointF(90, 40), 120);
-    QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
-}
-
-void tst_TunerPlayer::presetLabelsShowNamesOrFrequencies()
-{
-    makePlayer();
-    prefs()->saveRdsName(BAND_FM1, 1, QStringLiteral("NDR\u00e4 2"));
-    m_player->updateLabelFreq();
-    QCOMPARE(label("Txt_0024_f2")->text(), QStringLiteral("NDR  2"));
-    QVERIFY(label("Txt_0024_f2")->alignment() & Qt::AlignLeft);
-    QCOMPARE(label("Txt_0023_f1")->text(), QStringLiteral("87.50"));
-    QVERIFY(label("Txt_0023_f1")->alignment() & Qt::AlignHCenter);
-    QCOMPARE(label("Txt_0472_f13")->text(), QStringLiteral("87.50")); // FM3's presets too
-}
-
-void tst_TunerPlayer::amPagesAcceptPageOrBand_data()
-{
-    QTest::addColumn<int>("argument");
-    QTest::addColumn<int>("band");
-    QTest::newRow("page 0") << 0 << 3;
-    QTest::newRow("band 3") << 3 << 3;
-    QTest::newRow("page 1") << 1 << 4;
-    QTest::newRow("band 4") << 4 << 4;
-}
-
-void tst_TunerPlayer::amPagesAcceptPageOrBand()
-{
-    QFETCH(int, argument);
-    QFETCH(int, band);
-    makePlayer();
-    m_player->onUpdateNavigationIcon_AM(argument);
-    QCOMPARE(int(prefs()->band()), band);
-    QCOMPARE(int(prefs()->band_AM()), band);
-    QCOMPARE(radioCalls(), QStringList{QStringLiteral("setband(%1)").arg(band)});
-}
-
-void tst_TunerPlayer::statusPageAndDots_data()
-{
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("local");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("period"); // of the dots
-    QTest::newRow("automatic store") << 1 << false << "Auto Store" << 500;
-    QTest::newRow("seek up") << 2 << false << "Seek Up" << 400;
-    QTest::newRow("local seek down") << 3 << true << "Local Seek Down" << 400;
-    QTest::newRow("PTY search") << 4 << false << "PTY Search Up" << 500;
-}
-
-void tst_TunerPlayer::statusPageAndDots()
-{
-    QFETCH(int, status);
-    QFETCH(bool, local);
-    QFETCH(QString, text);
-    QFETCH(int, period);
-    makePlayer();
-    prefs()->setLocal(local);
-    m_player->onWorkStatus(status);
-    QCOMPARE(page(), QStringLiteral("page_tuner_04"));
-    QCOMPARE(label("Txt_0022_status")->text(), text);
-    QLabel *dots = label("Txt_0384_status2");
-    TUNER_VERIFY_AFTER_PERIOD(period, dots->text() == QLatin1String("."));
-    QTRY_COMPARE(dots->text(), QStringLiteral(".."));
-    QTRY_COMPARE(dots->text(), QStringLiteral("..."));
-    QTRY_COMPARE(dots->text(), QStringLiteral("."));
-}
-
-void tst_TunerPlayer::searchEndIsShownAfterTheSettleDelay()
-{
-    makePlayer();
-    m_player->onSeekState(2);
-    QCOMPARE(page(), QStringLiteral("page_tuner_04"));
-    m_player->onSeekState(0);
-    QCOMPARE(m_player->workStatus(), 0);
-    QCOMPARE(page(), QStringLiteral("page_tuner_04")); // not yet: the station report may still come
-    QTRY_COMPARE(page(), QStringLiteral("page_tuner_01"));
-}
-
-void tst_TunerPlayer::frequencyReportsAreChecked_data()
-{
-    QTest::addColumn<int>("freq");
-    QTest::addColumn<int>("band");
-    QTest::addColumn<QString>("warning");
-    QTest::addColumn<int>("newBand");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("a station of the band") << 10170 << 0 << "" << 0 << "101.70";
-    QTest::newRow("no band means the current one") << 9870 << -1 << "" << 0 << "98.70";
-    QTest::newRow("zero is invalid") << 0 << 0 << "0 is invaild freq." << 0 << "87.50";
-    QTest::newRow("another FM band becomes current") << 9000 << 2 << "2 is not match current band." << 2 << "90.00";
-    QTest::newRow("an AM frequency on FM") << 999 << 0 << "999 is invaild freq." << 3 << "999";
-}
-
-void tst_TunerPlayer::frequencyReportsAreChecked()
-{
-    QFETCH(int, freq);
-    QFETCH(int, band);
-    QFETCH(QString, warning);
-    QFETCH(int, newBand);
-    QFETCH(QString, shown);
-    makePlayer();
-    if (!warning.isEmpty())
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- ") + QRegularExpression::escape(warning)));
-    m_player->onFrequencyChanged(freq, band);
-    QCOMPARE(int(prefs()->band()), newBand);
-    QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
-}
-
-void tst_TunerPlayer::automaticStoreStartAndEnd()
-{
-    makePlayer();
-    prefs()->setPresetIndex(2); // as a recall of preset 3 leaves it
-    m_player->checkedId(2);
-    QVERIFY(button("Key_0032_p3")->isChecked());
-    m_player->onAutoScan();
-    QCOMPARE(radioCalls(), QStringList{"autoScan()"});
-    QVERIFY(!button("Key_0032_p3")->isChecked()); // the whole family is unlit while it runs
-    QCOMPARE(prefs()->bandData(BAND_FM1).currFreqId, kNoPreset);
-
-    // The service stored stations from preset 3 on and plays the first of them.
-    m_player->onWorkStatus(1);
-    const int found[] = {8800, 9450, 10020};
-    prefs()->saveFreq(found, 3);
-    prefs()->setCurrPlayFreq(8800);
-    m_player->onSeekState(0);
-    m_player->onAutoScanCompleted(QStringLiteral("8800;9450;10020"));
-    QCOMPARE(label("Txt_0025_f3")->text(), QStringLiteral("88.00"));
-    QCOMPARE(label("Txt_0027_f5")->text(), QStringLiteral("100.20"));
-    QVERIFY(button("Key_0032_p3")->isChecked());
-    QCOMPARE(prefs()->playFreqId(), 2);
-}
 
 QTEST_MAIN(tst_TunerPlayer)
 #include "tst_tunerplayer.moc"

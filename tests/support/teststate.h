@@ -1,5 +1,7 @@
 #pragma once
 
+#include "preferences.h"
+
 #include <QString>
 #include <QTemporaryDir>
 #include <QVariant>
@@ -38,3 +40,9 @@ private:
 
     QTemporaryDir m_dir;
 };
+
+// The preferences of the state under test.
+inline tuner::Preferences *prefs()
+{
+    return tuner::Preferences::getInstance();
+}

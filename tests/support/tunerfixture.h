@@ -3,6 +3,7 @@
 #include "fakeservices.h"
 #include "teststate.h"
 
+#include <QHash>
 #include <QTest>
 
 #include <memory>
@@ -44,6 +45,17 @@ protected:
 
     QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
     QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
+    // The MCU calls in short, space-separated: ch = updateAudioChannel(1),
+    // on/off = updateAudioStatus(7/8), beep = triggerBeep(0); others in full.
+    QString mcuInShort()
+    {
+        static const QHash<QString, QString> shortNames{{"triggerBeep(0)", "beep"}, {"updateAudioChannel(1)", "ch"},
+                                                        {"updateAudioStatus(7)", "on"}, {"updateAudioStatus(8)", "off"}};
+        QStringList calls;
+        for (const QString &call : mcuCalls())
+            calls << shortNames.value(call, call);
+        return calls.join(QLatin1Char(' '));
+    }
 
     std::unique_ptr<FakeServices> m_fakes;
     std::unique_ptr<TestState> m_state;

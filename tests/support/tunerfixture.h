@@ -46,10 +46,11 @@ protected:
     QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
     QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
     // The MCU calls in short, space-separated: ch = updateAudioChannel(1),
-    // on/off = updateAudioStatus(7/8), beep = triggerBeep(0); others in full.
+    // on/off = updateAudioStatus(7/8), beep/beep1 = triggerBeep(0/1); others in full.
     QString mcuInShort()
     {
-        static const QHash<QString, QString> shortNames{{"triggerBeep(0)", "beep"}, {"updateAudioChannel(1)", "ch"},
+        static const QHash<QString, QString> shortNames{{"triggerBeep(0)", "beep"}, {"triggerBeep(1)", "beep1"},
+                                                        {"updateAudioChannel(1)", "ch"},
                                                         {"updateAudioStatus(7)", "on"}, {"updateAudioStatus(8)", "off"}};
         QStringList calls;
         for (const QString &call : mcuCalls())

@@ -1,0 +1,262 @@
+// The hardware keys through both entry points: the main window's source
+// keys (its own tunerfunction actions, no screens built) and the tuner
+// screen's remote keys. One table: each key code, phase and gate, with what
+// each entry point does, or "-" where that gate does not apply to it.
+
+#include "fakeservices.h"
+#include "hostevents.h"
+#include "mainwindow.h"
+#include "preferences.h"
+#include "teststate.h"
+#include "tunerfixture.h"
+#include "tunerplayer.h"
+#include "tuneroptions.h"
+
+#include <QAbstractButton>
+#include <QtTest>
+
+#include <memory>
+
+using namespace tuner;
+
+class tst_Keys : public QObject, private TunerFixture
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(startServices());
+    }
+
+    void cleanup()
+    {
+        m_player.reset();
+        m_state.reset();
+    }
+
+    void keyTable_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("phase");
+        QTest::addColumn<int>("workStatus");
+        // shown, hidden (the screen), options, ptylist, search4 and search5
+        // (the list or popup on display), popup (a live announcement),
+        // search5-popup, ta-cancelled, alarm
+        QTest::addColumn<QString>("gate");
+        // "taken" or "passed" (consumed or not), the radio calls, then after
+        // "|" the MCU calls in short
+        QTest::addColumn<QString>("window");
+        QTest::addColumn<QString>("screen");
+
+        constexpr int Down = Qx::KeyPressed;
+        constexpr int Short = Qx::KeyShortReleased;
+        constexpr int Long = Qx::KeyLongPressed;
+        constexpr int LongUp = Qx::KeyLongReleased;
+        // After a start-up with no answers AF, TA and Regional are off.
+        const QString first = QStringLiteral("setPreset(0) setTa(false) setAf(true)");
+        QTest::newRow("next down beeps") << 7 << Down << 0 << "shown" << "passed | beep" << "taken | beep";
+        QTest::newRow("7 short release steps up") << 7 << Short << 0 << "shown" << "taken " + first << "-";
+        QTest::newRow("next short steps to preset 1") << 51 << Short << 0 << "shown" << "-" << "taken " + first;
+        QTest::newRow("161 long press seeks up") << 161 << Long << 0 << "shown" << "taken seekForward() | beep1" << "-";
+        QTest::newRow("next long seeks up") << 117 << Long << 0 << "shown" << "-" << "taken seekForward() | beep1";
+        QTest::newRow("next long release not consumed") << 7 << LongUp << 0 << "shown" << "passed" << "passed";
+        QTest::newRow("next refused during automatic store") << 7 << Short << 1 << "shown" << "passed" << "passed";
+        QTest::newRow("next long while seeking only stops") << 161 << Long << 2 << "shown" << "-" << "taken terminate() | beep1";
+        QTest::newRow("next short during a seek only stops") << 7 << Short << 3 << "shown" << "-" << "taken terminate() tune(8750)";
+        QTest::newRow("next short during a PTY search only stops") << 7 << Short << 4 << "shown" << "-" << "taken terminate()";
+        QTest::newRow("option list on display is served") << 7 << Short << 0 << "options" << "taken " + first << "-";
+        QTest::newRow("PTY list on display") << 7 << Short << 0 << "ptylist" << "passed" << "-";
+        QTest::newRow("live announcement blocks tuner keys") << 7 << Short << 0 << "popup" << "passed" << "-";
+        QTest::newRow("cancelled announcement lets them through") << 7 << Short << 0 << "ta-cancelled" << "taken " + first << "-";
+        QTest::newRow("previous short from none selects preset 1") << 8 << Short << 0 << "shown" << "taken " + first << "taken " + first;
+        QTest::newRow("118 long press seeks down") << 118 << Long << 0 << "shown" << "taken seekBackward() | beep1" << "-";
+        QTest::newRow("previous long seeks down") << 162 << Long << 0 << "shown" << "-" << "taken seekBackward() | beep1";
+        QTest::newRow("band down beeps") << 33 << Down << 0 << "shown" << "passed | beep" << "taken | beep";
+        QTest::newRow("band short goes to FM2") << 122 << Short << 0 << "shown" << "taken setband(1)" << "taken setband(1)";
+        QTest::newRow("band long not consumed") << 33 << Long << 0 << "shown" << "-" << "passed";
+        QTest::newRow("band short during automatic store")
+            << 33 << Short << 1 << "shown" << "taken terminate() setband(1)" << "taken terminate() tune(8750) setband(1)";
+        QTest::newRow("band refused while hidden") << 33 << Down << 0 << "hidden" << "-" << "passed";
+        QTest::newRow("band served by the running search popup") << 33 << Down << 0 << "search4" << "passed" << "taken | beep";
+        QTest::newRow("band served by the finished search popup") << 33 << Down << 0 << "search5" << "-" << "taken | beep";
+        QTest::newRow("band refused on the finished search popup under a popup") << 33 << Down << 0 << "search5-popup" << "-" << "passed";
+        QTest::newRow("band refused under a popup") << 33 << Down << 0 << "popup" << "-" << "passed";
+        QTest::newRow("preset down consumed, nothing else") << 36 << Down << 0 << "shown" << "taken | beep" << "taken";
+        QTest::newRow("preset short recalls")
+            << 36 << Short << 0 << "shown" << "taken setPreset(2) setTa(false) setAf(true)" << "taken setPreset(2) setTa(false) setAf(true) | beep";
+        QTest::newRow("preset long stores") << 39 << Long << 0 << "shown" << "taken savePreset(5) | beep1" << "taken savePreset(5) | beep1";
+        QTest::newRow("preset long release not consumed") << 39 << LongUp << 0 << "shown" << "-" << "passed";
+        QTest::newRow("36 down during auto store stops it") << 36 << Down << 1 << "shown" << "taken terminate() | beep" << "-";
+        QTest::newRow("preset short during automatic store remembers it") << 36 << Short << 1 << "shown" << "taken" << "taken setPreset(2) | beep";
+        QTest::newRow("preset long refused during automatic store") << 39 << Long << 1 << "shown" << "taken" << "passed";
+        QTest::newRow("preset refused under a popup") << 36 << Short << 0 << "popup" << "-" << "passed";
+        QTest::newRow("preset up down steps at once") << 44 << Down << 0 << "shown" << "taken " + first + " | beep" << "taken " + first + " | beep";
+        QTest::newRow("preset up short consumed, nothing else") << 121 << Short << 0 << "shown" << "taken" << "taken";
+        QTest::newRow("preset up long steps") << 44 << Long << 0 << "shown" << "-" << "taken " + first;
+        QTest::newRow("preset up long release consumed") << 44 << LongUp << 0 << "shown" << "-" << "taken";
+        QTest::newRow("preset up refused while hidden") << 44 << Down << 0 << "hidden" << "-" << "passed";
+        QTest::newRow("preset up served from the option list") << 44 << Down << 0 << "options" << "-" << "taken " + first + " | beep";
+        QTest::newRow("live alarm blocks tuner keys") << 44 << Down << 0 << "alarm" << "passed" << "-";
+        QTest::newRow("preset down down steps") << 116 << Down << 0 << "shown" << "-" << "taken " + first + " | beep";
+        QTest::newRow("116 long press steps down") << 116 << Long << 0 << "shown" << "taken " + first << "-";
+        QTest::newRow("preset down refused during automatic store") << 45 << Down << 1 << "shown" << "passed" << "passed";
+        QTest::newRow("tune down down beeps") << 46 << Down << 0 << "shown" << "-" << "taken | beep";
+        QTest::newRow("tune down short seeks without beep") << 46 << Short << 0 << "shown" << "taken seekBackward()" << "taken seekBackward()";
+        QTest::newRow("46 long press starts manual minus") << 46 << Long << 0 << "shown" << "taken keyLongPress(1) | beep1" << "-";
+        QTest::newRow("47 down beeps, not consumed") << 47 << Down << 0 << "shown" << "passed | beep" << "-";
+        QTest::newRow("tune up long starts the manual step") << 47 << Long << 0 << "shown" << "-" << "taken keyLongPress(1) | beep1";
+        QTest::newRow("tune up long release tunes") << 47 << LongUp << 0 << "shown" << "taken tune(8750) keyLongPress(0)" << "taken tune(8750)";
+        QTest::newRow("tune refused during automatic store") << 47 << Short << 1 << "shown" << "-" << "passed";
+        QTest::newRow("tune up short during a PTY search only stops") << 47 << Short << 5 << "shown" << "-" << "taken terminate() tune(8750)";
+        QTest::newRow("stop with nothing running") << 125 << Short << 0 << "shown" << "passed" << "passed";
+        QTest::newRow("stop short during automatic store") << 125 << Short << 1 << "shown" << "taken terminate()" << "taken terminate()";
+        QTest::newRow("stop down during a seek") << 125 << Down << 2 << "shown" << "taken | beep" << "taken | beep";
+        QTest::newRow("stop long not consumed") << 125 << Long << 2 << "shown" << "-" << "passed";
+        QTest::newRow("125 release while seeking stops") << 125 << Short << 3 << "shown" << "taken terminate()" << "-";
+        QTest::newRow("66 down does not cancel") << 66 << Down << 0 << "popup" << "passed" << "-";
+        QTest::newRow("177 AF off, on any phase") << 177 << Down << 0 << "shown" << "passed setAf(false) rdsCtrl(false,false,false)" << "-";
+        QTest::newRow("181 Local off") << 181 << Down << 0 << "shown" << "passed config(false,1,1)" << "-";
+        QTest::newRow("178 AF on") << 178 << Short << 0 << "shown" << "passed setAf(true) rdsCtrl(false,true,false)" << "-";
+        QTest::newRow("180 TA on") << 180 << Short << 0 << "shown" << "passed rdsCtrl(true,false,false) setTa(true)" << "-";
+        QTest::newRow("182 Local on") << 182 << Short << 0 << "shown" << "passed config(true,1,1)" << "-";
+        QTest::newRow("179 TA off even during an announcement")
+            << 179 << Long << 0 << "popup" << "passed rdsCtrl(false,false,false) setTa(false)" << "-";
+        QTest::newRow("unknown key") << 999 << Short << 0 << "shown" << "passed" << "passed";
+    }
+
+    void keyTable()
+    {
+        QFETCH(int, key);
+        QFETCH(int, phase);
+        QFETCH(int, workStatus);
+        QFETCH(QString, gate);
+        QFETCH(QString, window);
+        QFETCH(QString, screen);
+
+        if (window != QLatin1String("-"))
+            QCOMPARE(throughTheWindow(key, phase, workStatus, gate), window);
+        if (screen != QLatin1String("-"))
+            QCOMPARE(throughTheScreen(key, phase, workStatus, gate), screen);
+    }
+
+    // The band changes on the lit button; the preset id does not matter.
+    void nextFromTheLastPresetChangesBand()
+    {
+        makePlayer();
+        prefs()->setBand(BAND_FM3);
+        m_player->checkedId(5);
+        forgetCalls();
+        QVERIFY(m_player->onIrKeyEvent(7, 1003));
+        QCOMPARE(int(prefs()->band()), 0);
+        QCOMPARE(prefs()->playFreqId(), 0);
+        const QStringList calls = radioCalls();
+        QVERIFY(calls.indexOf("setband(0)") >= 0);
+        QVERIFY(calls.indexOf("setband(0)") < calls.indexOf("setPreset(0)"));
+    }
+
+    // Stepping down follows the stored preset id.
+    void previousFromTheFirstPresetChangesBand()
+    {
+        makePlayer();
+        prefs()->setBand(BAND_AM1);
+        prefs()->setCurrPlayFreqId(0); // stored, not lit
+        m_fakes->clearCalls();
+        QVERIFY(m_player->onIrKeyEvent(45, 1002));
+        QCOMPARE(int(prefs()->band()), 4);
+        QCOMPARE(prefs()->playFreqId(), 5);
+        QVERIFY(radioCalls().contains("setPreset(5)"));
+        QVERIFY(!radioCalls().contains("setTa(false)")); // AM presets carry no AF/TA
+    }
+
+    void bandKeyCyclesThroughAllBands()
+    {
+        makePlayer();
+        QList<int> bands;
+        for (int i = 0; i < 5; ++i) {
+            QVERIFY(m_player->onIrKeyEvent(33, 1003));
+            m_player->onBandChangState(1); // the service confirms each switch
+            bands.append(prefs()->band());
+        }
+        QCOMPARE(bands, (QList<int>{1, 2, 3, 4, 0}));
+    }
+
+    void presetKeyLongPressStores()
+    {
+        makePlayer();
+        m_player->setValue(10020);
+        prefs()->setCurRdsName(QStringLiteral("FFH"));
+        prefs()->setTa(true);
+        QVERIFY(m_player->onIrKeyEvent(37, 1004));
+        QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_3").toInt(), 10020);
+        QCOMPARE(m_state->radioConfValue("Freq/FM0/TA_3").toBool(), true);
+        QVERIFY(m_player->findChild<QAbstractButton *>("Key_0033_p4")->isChecked());
+        // Named after the station, as the 1500 ms hold would.
+        QCOMPARE(prefs()->rdsName(BAND_FM1, 3), QStringLiteral("FFH"));
+    }
+
+private:
+    void makePlayer(bool visible = true)
+    {
+        newState();
+        m_player = std::make_unique<TunerPlayer>();
+        if (visible)
+            QVERIFY(shown(m_player));
+        forgetCalls();
+    }
+
+    // What an entry point did with a key, as the table writes it.
+    QString outcome(bool consumed)
+    {
+        QString result = QLatin1String(consumed ? "taken" : "passed");
+        const QString radio = radioCalls().join(QLatin1Char(' '));
+        const QString mcu = mcuInShort();
+        if (!radio.isEmpty())
+            result += QLatin1Char(' ') + radio;
+        if (!mcu.isEmpty())
+            result += QLatin1String(" | ") + mcu;
+        return result;
+    }
+
+    QString throughTheWindow(int key, int phase, int workStatus, const QString &gate)
+    {
+        newState();
+        MainWindow window;
+        forgetCalls();
+        Preferences *p = prefs();
+        p->setWorkState(workStatus);
+        const QHash<QString, int> display{{"options", DisplayOptionList}, {"ptylist", DisplayPtyList},
+                                          {"search4", DisplayPtySearching}, {"search5", DisplayPtySearchEnded}};
+        g_TunerCurDSPL = display.value(gate, DisplayPlayer);
+        if (gate == QLatin1String("popup") || gate == QLatin1String("ta-cancelled"))
+            p->setTaAlarmStatus(INTERRUPT_TA);
+        else if (gate == QLatin1String("alarm"))
+            p->setTaAlarmStatus(INTERRUPT_ALARM);
+        p->setCancelTa(gate == QLatin1String("ta-cancelled"));
+        KeyEvent event(Qx::EventType(phase), key);
+        return outcome(window.sourceKeyEvent(&event));
+    }
+
+    QString throughTheScreen(int key, int phase, int workStatus, const QString &gate)
+    {
+        makePlayer(gate == QLatin1String("shown") || gate == QLatin1String("popup"));
+        if (gate == QLatin1String("options"))
+            g_TunerCurDSPL = DisplayOptionList;
+        else if (gate.startsWith(QLatin1String("search")))
+            g_TunerCurDSPL = gate.at(6).digitValue();
+        if (gate.endsWith(QLatin1String("popup"))) {
+            prefs()->setTaAlarmStatus(INTERRUPT_TA);
+            m_player->onPiTpStatus(3);
+            if (m_player->interruptState() != 3)
+                return QStringLiteral("no popup");
+        }
+        m_player->onWorkStatus(workStatus);
+        forgetCalls();
+        return outcome(m_player->onIrKeyEvent(key, phase));
+    }
+
+    std::unique_ptr<TunerPlayer> m_player;
+};
+
+QTEST_MAIN(tst_Keys)
+#include "tst_keys.moc"

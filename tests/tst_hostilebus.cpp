@@ -14,7 +14,6 @@
 #include "warningcounter.h"
 
 #include <QAbstractButton>
-#include <QElapsedTimer>
 #include <QtTest>
 
 #include <functional>
@@ -28,28 +27,6 @@ Q_DECLARE_METATYPE(RadioReport)
 Q_DECLARE_METATYPE(Condition)
 
 namespace {
-
-// The longest the event loop went without turning while it lived: what a
-// driver's touch would have waited at worst.
-class LoopWatch
-{
-public:
-    LoopWatch()
-    {
-        m_tick.setInterval(0);
-        QObject::connect(&m_tick, &QTimer::timeout, [this] {
-            m_longest = qMax(m_longest, m_sinceLast.restart());
-        });
-        m_sinceLast.start();
-        m_tick.start();
-    }
-    qint64 longestGapMs() const { return qMax(m_longest, m_sinceLast.elapsed()); }
-
-private:
-    QTimer m_tick;
-    QElapsedTimer m_sinceLast;
-    qint64 m_longest = 0;
-};
 
 const QVariantMap kStation{{"bandId", 1}, {"bandPos", "0;0;0;0;0"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750},
                            {"fmStep", 5}, {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
@@ -102,11 +79,8 @@ private slots:
         QCOMPARE(int(prefs()->band()), late ? 0 : 1);
 
         answer({{"bandId", 2}, {"freqBandId", 2}, {"workStateType", 1}, {"RDSstate", 3}});
-        QElapsedTimer clock;
-        clock.start();
         QVERIFY(late ? m_fakes->start() : m_fakes->restart());
         QTRY_COMPARE(player()->workStatus(), 1);
-        qInfo("the screen followed the new service after %lld ms", clock.elapsed());
         QCOMPARE(int(prefs()->band()), 2);
         QCOMPARE(prefs()->playFreq(), 10020);
         QCOMPARE(prefs()->rdsState(), 3);
@@ -146,9 +120,6 @@ private slots:
         QFETCH(QString, kind);
         makeWindow();
         auto *nameLabel = player()->findChild<ScrollLabel *>(QStringLiteral("Txt_0037_rds_name"));
-        LoopWatch watch;
-        QElapsedTimer clock;
-        clock.start();
         const int reports = kind == QLatin1String("huge name") ? 1 : 20000;
         // The flood leaves the service thread while the window's thread runs on.
         const auto joined = [](QThread *thread) {
@@ -181,8 +152,6 @@ private slots:
             QTRY_COMPARE_WITH_TIMEOUT(nameLabel->text(), QString(64, QLatin1Char('X')), kFloodBoundMs);
         }
         sender.reset();
-        qInfo("%s: handled in %lld ms, the window's longest wait %lld ms", qPrintable(kind), clock.elapsed(),
-              watch.longestGapMs());
     }
 
     void controlCharactersNeverReachALabelOrTheFiles()

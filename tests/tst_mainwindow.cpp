@@ -17,7 +17,6 @@
 #include "timing.h"
 #include "tuneroptions.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 #include <memory>
@@ -184,10 +183,7 @@ private slots:
         if (!serviceRead)
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression("did not answer bandSwitch, bandId, .*RDSstate ; the stored state is kept"));
 
-        QElapsedTimer clock;
-        clock.start();
         MainWindow window;
-        qInfo("start-up with the radio service %s took %lld ms", qPrintable(failure), clock.elapsed());
         radio->setReplyDelay(0);
 
         Preferences *p = prefs();

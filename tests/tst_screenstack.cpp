@@ -45,11 +45,13 @@ private slots:
         m_state.reset();
     }
 
-    void startsOnThePlayer()
+    void startsOnThePlayerAndSwallowsLanguageChanges()
     {
         QCOMPARE(g_TunerCurDSPL, 1);
         QVERIFY(m_stack->player()->isVisible());
         QVERIFY(!m_stack->optionList() && !m_stack->ptyList() && !m_stack->searchPopup());
+        QEvent change(QEvent::LanguageChange);
+        QVERIFY(QCoreApplication::sendEvent(m_stack.get(), &change)); // swallowed
     }
 
     void aRunningSearchComesBackWithTheWindow()
@@ -149,14 +151,12 @@ private slots:
         m_stack->PTYsearchStatus(3);
         m_stack->PTYsearchStatus(6);
         QVERIFY(m_stack->optionReturnTimerActive());
-        m_stack->onListStateChange(QScroller::Pressed);
-        QVERIFY(m_stack->optionReturnTimerActive());
-        m_stack->onListStateChange(QScroller::Dragging);
-        QVERIFY(!m_stack->optionReturnTimerActive());
-        m_stack->onListStateChange(QScroller::Scrolling);
-        QVERIFY(!m_stack->optionReturnTimerActive());
-        m_stack->onListStateChange(QScroller::Inactive);
-        QVERIFY(m_stack->optionReturnTimerActive());
+        const std::pair<QScroller::State, bool> waitsAfter[] = {
+            {QScroller::Pressed, true}, {QScroller::Dragging, false}, {QScroller::Scrolling, false}, {QScroller::Inactive, true}};
+        for (const auto &[state, waits] : waitsAfter) {
+            m_stack->onListStateChange(state);
+            QCOMPARE(m_stack->optionReturnTimerActive(), waits);
+        }
     }
 
     void withoutASearchThePtyListStays()
@@ -199,12 +199,6 @@ private slots:
         // The radio's reports arrive through the main window.
         m_stack->PTYsearchStatus(3);
         QCOMPARE(m_stack->searchPopup()->findChild<QLabel *>("Txt_0111_line2")->text(), QStringLiteral("Pop Music"));
-    }
-
-    void languageChangeIsSwallowed()
-    {
-        QEvent change(QEvent::LanguageChange);
-        QVERIFY(QCoreApplication::sendEvent(m_stack.get(), &change));
     }
 
 private:

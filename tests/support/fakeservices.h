@@ -26,6 +26,8 @@ public:
     NiloRadioServiceBackend *radio() const { return m_radio; }
     NiloMcuServiceBackend *mcu() const { return m_mcu; }
     NiloSourceServiceBackend *source() const { return m_source; }
+    // The services' own connection, for raw messages.
+    QDBusConnection connection() const { return m_connection; }
     void clearCalls();
 
     // Runs `emitter` in the fakes' thread and waits for it, so signals leave in order.

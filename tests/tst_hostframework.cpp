@@ -7,11 +7,9 @@
 #include "busproxies.h"
 #include "busreply.h"
 #include "colorcontrol.h"
-#include "fakeservices.h"
 #include "hostevents.h"
 #include "hostrecorder.h"
 #include "listviewscroller.h"
-#include "mcumanager.h"
 #include "pushbutton.h"
 #include "scrollmanage.h"
 #include "settingsutil.h"
@@ -104,8 +102,6 @@ private slots:
     void initTestCase()
     {
         qRegisterMetaType<QScroller::State>();
-        m_fakes = std::make_unique<FakeServices>();
-        QVERIFY(m_fakes->start());
     }
 
     void pushButtonTiming_data()
@@ -425,19 +421,6 @@ private slots:
         QVERIFY(!audio->dispatchFocusChange(-1));
     }
 
-    void mcuRequestsGoOverTheBus()
-    {
-        m_fakes->clearCalls();
-        McuManager::instance()->triggerBeep(0);
-        McuManager::instance()->triggerBeep(1);
-        McuManager::instance()->updateAudioChannel(McuManager::AudioChannelRadio);
-        McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
-        QTRY_COMPARE(m_fakes->mcu()->calls().size(), 4);
-        const QList<ServiceBackend::Call> expected{{"triggerBeep", {0}}, {"triggerBeep", {1}},
-                                                   {"updateAudioChannel", {1}}, {"updateAudioStatus", {8}}};
-        QCOMPARE(m_fakes->mcu()->calls(), expected);
-    }
-
     void windowPostsToTheHost()
     {
         HostRecorder host;
@@ -465,8 +448,6 @@ private slots:
         QCOMPARE(window.retranslations, 2);
     }
 
-private:
-    std::unique_ptr<FakeServices> m_fakes;
 };
 
 QTEST_MAIN(tst_HostFramework)

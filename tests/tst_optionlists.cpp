@@ -193,11 +193,7 @@ private slots:
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("name");
         QTest::newRow("RDS 1") << 1 << 1 << "News";
-        QTest::newRow("RDS 2") << 1 << 2 << "Current Affairs";
         QTest::newRow("RDS 28") << 1 << 28 << "Folk Music";
-        QTest::newRow("RBDS 2") << 2 << 2 << "Information";
-        QTest::newRow("RBDS 3") << 2 << 3 << "Sports";
-        QTest::newRow("RBDS 24") << 2 << 24 << "Spanish Talk";
         QTest::newRow("RBDS 29") << 2 << 29 << "Weather";
         QTest::newRow("RBDS 27 has no name") << 2 << 27 << "";
         QTest::newRow("code 0") << 1 << 0 << "";
@@ -373,7 +369,6 @@ private slots:
         QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
     }
 
-private:
 };
 
 QTEST_MAIN(tst_OptionLists)

@@ -47,19 +47,17 @@ private slots:
         QTest::addColumn<int>("mode");
         QTest::addColumn<int>("band");
         QTest::addColumn<QString>("report");
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<QString>("nameLabel");
         QTest::addColumn<bool>("nameShown");
         QTest::addColumn<QString>("nameText");
         QTest::addColumn<bool>("freqShown");
 
-        QTest::newRow("line mode 1, FM: name under the frequency") << 1 << 0 << "NDR 2" << "page_tuner_01" << "Txt_0037_rds_name" << true << "NDR 2" << true;
-        QTest::newRow("line mode 1, AM: no name") << 1 << 3 << "NDR 2" << "page_tuner_01" << "Txt_0037_rds_name" << false << "NDR 2" << true;
-        QTest::newRow("line mode 1, no name reported") << 1 << 0 << "" << "page_tuner_01" << "Txt_0037_rds_name" << true << "" << true;
-        QTest::newRow("line mode 0, FM: the name instead of the frequency") << 0 << 0 << "NDR 2" << "page_tuner_02" << "Txt_0018_rds_name" << true << "NDR 2" << false;
-        QTest::newRow("line mode 0, FM, no name: the frequency") << 0 << 0 << "" << "page_tuner_02" << "Txt_0018_rds_name" << false << "" << true;
-        QTest::newRow("line mode 0, AM: the frequency") << 0 << 4 << "NDR 2" << "page_tuner_02" << "Txt_0018_rds_name" << false << "NDR 2" << true;
-        QTest::newRow("control characters are blanked") << 0 << 1 << "B\u00e4yern\u00b3" << "page_tuner_02" << "Txt_0018_rds_name" << true << "B yern " << false;
+        QTest::newRow("line mode 1, FM: name under the frequency") << 1 << 0 << "NDR 2" << true << "NDR 2" << true;
+        QTest::newRow("line mode 1, AM: no name") << 1 << 3 << "NDR 2" << false << "NDR 2" << true;
+        QTest::newRow("line mode 1, no name reported") << 1 << 0 << "" << true << "" << true;
+        QTest::newRow("line mode 0, FM: the name instead of the frequency") << 0 << 0 << "NDR 2" << true << "NDR 2" << false;
+        QTest::newRow("line mode 0, FM, no name: the frequency") << 0 << 0 << "" << false << "" << true;
+        QTest::newRow("line mode 0, AM: the frequency") << 0 << 4 << "NDR 2" << false << "NDR 2" << true;
+        QTest::newRow("control characters are blanked") << 0 << 1 << "B\u00e4yern\u00b3" << true << "B yern " << false;
     }
 
     void stationName()
@@ -67,8 +65,6 @@ private slots:
         QFETCH(int, mode);
         QFETCH(int, band);
         QFETCH(QString, report);
-        QFETCH(QString, page);
-        QFETCH(QString, nameLabel);
         QFETCH(bool, nameShown);
         QFETCH(QString, nameText);
         QFETCH(bool, freqShown);
@@ -79,9 +75,10 @@ private slots:
         prefs()->setBand(Band(band));
         m_window->onRdsName(report); // as the radio service's ProgramName arrives
 
+        // Line mode 1 shows the name under the frequency, line mode 0 in its place.
         auto *stack = player()->findChild<QStackedWidget *>("stackedWidget_tuner");
-        QCOMPARE(stack->currentWidget()->objectName(), page);
-        QLabel *name = label(qPrintable(nameLabel));
+        QCOMPARE(stack->currentWidget()->objectName(), QLatin1String(mode == 1 ? "page_tuner_01" : "page_tuner_02"));
+        QLabel *name = label(mode == 1 ? "Txt_0037_rds_name" : "Txt_0018_rds_name");
         QCOMPARE(name->isVisibleTo(player()), nameShown);
         QCOMPARE(name->text(), nameText);
         QLabel *freq = label(mode == 1 ? "Txt_0035_rds_freq" : "Txt_0019_rds_freq");

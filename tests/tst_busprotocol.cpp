@@ -9,7 +9,6 @@
 #include "fakeservices.h"
 
 #include <QFile>
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <functional>

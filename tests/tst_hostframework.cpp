@@ -25,7 +25,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QLabel>
 #include <QtTest>

@@ -2,13 +2,10 @@
 // late, restarted, dying mid-seek, flooding, or sending values out of range.
 
 #include "busreply.h"
-#include "fakeservices.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
-#include "preferences.h"
 #include "radioedge.h"
 #include "scrolllabel.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "tunerplayer.h"
 #include "warningcounter.h"
@@ -17,7 +14,6 @@
 #include <QtTest>
 
 #include <functional>
-#include <memory>
 
 using namespace tuner;
 

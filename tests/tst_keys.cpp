@@ -3,19 +3,14 @@
 // screen's remote keys. One table: each key code, phase and gate, with what
 // each entry point does, or "-" where that gate does not apply to it.
 
-#include "fakeservices.h"
 #include "hostevents.h"
 #include "mainwindow.h"
-#include "preferences.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "tunerplayer.h"
 #include "tuneroptions.h"
 
 #include <QAbstractButton>
 #include <QtTest>
-
-#include <memory>
 
 using namespace tuner;
 

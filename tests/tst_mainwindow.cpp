@@ -5,21 +5,16 @@
 #include "audiomanager.h"
 #include "busreply.h"
 #include "basewindow.h"
-#include "fakeservices.h"
 #include "hostevents.h"
 #include "hostrecorder.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
-#include "preferences.h"
 #include "tunerplayer.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "timing.h"
 #include "tuneroptions.h"
 
 #include <QtTest>
-
-#include <memory>
 
 using namespace tuner;
 

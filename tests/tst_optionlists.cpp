@@ -2,13 +2,10 @@
 // for each band and feature setting, what a tap does to the preferences and
 // which signals follow, the PTY marks, and the search popup's states.
 
-#include "fakeservices.h"
 #include "listrows.h"
 #include "optionwidget.h"
-#include "preferences.h"
 #include "ptysearchwidget.h"
 #include "ptywidget.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "timing.h"
 
@@ -16,10 +13,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QtTest>
-
-#include <memory>
 
 using namespace tuner;
 

@@ -7,7 +7,6 @@
 #include "hostevents.h"
 
 #include <QPluginLoader>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 

@@ -1,7 +1,6 @@
 // radio.conf survives a writer killed at any point: every kill leaves a file
 // that parses, with every group and key.
 
-#include "preferences.h"
 #include "teststate.h"
 
 #include <QProcess>

@@ -3,7 +3,6 @@
 // service's start-up lists, and bad input that must neither crash nor index
 // past the preset tables.
 
-#include "preferences.h"
 #include "teststate.h"
 #include "translator.h"
 

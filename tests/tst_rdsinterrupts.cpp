@@ -3,24 +3,18 @@
 // through the main window, the screen stack, the player and its popup.
 
 #include "basewindow.h"
-#include "fakeservices.h"
 #include "hostevents.h"
 #include "hostrecorder.h"
 #include "interruptpopup.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
-#include "preferences.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "tunerplayer.h"
 
 #include <QAbstractButton>
 #include <QLabel>
-#include <QSignalSpy>
 #include <QStackedWidget>
 #include <QtTest>
-
-#include <memory>
 
 using namespace tuner;
 

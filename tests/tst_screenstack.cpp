@@ -2,13 +2,10 @@
 // rebuilt and what is kept, the two return timers and the list scroll rule,
 // and a PTY search from the option list through the popup and back.
 
-#include "fakeservices.h"
 #include "mainwidget.h"
 #include "optionwidget.h"
-#include "preferences.h"
 #include "ptysearchwidget.h"
 #include "ptywidget.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "warningcounter.h"
 #include "tunerplayer.h"
@@ -17,8 +14,6 @@
 #include <QLabel>
 #include <QPointer>
 #include <QtTest>
-
-#include <memory>
 
 using namespace tuner;
 

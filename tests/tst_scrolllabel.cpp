@@ -3,7 +3,6 @@
 
 #include "scrolllabel.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 class tst_ScrollLabel : public QObject

@@ -2,9 +2,6 @@
 // each action sends in each work state, preset stepping across bands, band
 // cycling, storing, and the manual and preset repeat timers.
 
-#include "fakeservices.h"
-#include "preferences.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "timing.h"
 #include "tunerfunction.h"
@@ -12,7 +9,6 @@
 #include <QtTest>
 
 #include <functional>
-#include <memory>
 
 using namespace tuner;
 

@@ -2,10 +2,7 @@
 // step and seek, swipes, the band key and its lock, preset recall and store,
 // pages, automatic store, the search status and the radio's reports.
 
-#include "fakeservices.h"
-#include "preferences.h"
 #include "scrollmanage.h"
-#include "teststate.h"
 #include "tunerfixture.h"
 #include "timing.h"
 #include "tunerplayer.h"
@@ -15,8 +12,6 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QtTest>
-
-#include <memory>
 
 using namespace tuner;
 

@@ -8,11 +8,7 @@
 #include "busreply.h"
 #include "fakeservices.h"
 
-#include <QFile>
 #include <QtTest>
-
-#include <functional>
-#include <memory>
 
 namespace {
 

@@ -1,17 +1,8 @@
 // The simulator and the host app with the plug-in, as separate processes on
 // the test's private bus, driven only through their bus interfaces.
 
-#include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusInterface>
-#include <QDBusReply>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QtTest>
 
 static bool serviceUp(const QString &name)

@@ -4,8 +4,6 @@
 
 #include "audiomanager.h"
 #include "basewindow.h"
-#include "busproxies.h"
-#include "busreply.h"
 #include "colorcontrol.h"
 #include "hostevents.h"
 #include "hostrecorder.h"
@@ -16,11 +14,6 @@
 #include "teststate.h"
 #include "translator.h"
 
-#include <QDirIterator>
-#include <QIcon>
-#include <QMouseEvent>
-#include <QPixmap>
-#include <QSet>
 #include <QListView>
 #include <QPushButton>
 #include <QScrollArea>
@@ -28,8 +21,6 @@
 #include <QStandardItemModel>
 #include <QLabel>
 #include <QtTest>
-
-#include <memory>
 
 Q_DECLARE_METATYPE(QScroller::State)
 

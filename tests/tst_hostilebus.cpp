@@ -10,10 +10,7 @@
 #include "tunerplayer.h"
 #include "warningcounter.h"
 
-#include <QAbstractButton>
 #include <QtTest>
-
-#include <functional>
 
 using namespace tuner;
 

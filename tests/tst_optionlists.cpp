@@ -9,7 +9,6 @@
 #include "tunerfixture.h"
 #include "timing.h"
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QListView>
 #include <QScrollBar>

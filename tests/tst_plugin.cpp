@@ -6,11 +6,7 @@
 #include "fakeservices.h"
 #include "hostevents.h"
 
-#include <QPluginLoader>
-#include <QTemporaryDir>
 #include <QtTest>
-
-#include <memory>
 
 class tst_Plugin : public QObject
 {

@@ -3,12 +3,7 @@
 
 #include "teststate.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QSettings>
 #include <QtTest>
-
-#include <cstdio>
 
 using namespace tuner;
 

@@ -6,12 +6,7 @@
 #include "teststate.h"
 #include "translator.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QtTest>
-
-#include <functional>
 
 #include <sys/stat.h>
 

@@ -6,9 +6,6 @@
 #include "teststate.h"
 #include "tuneroptions.h"
 
-#include <QDir>
-#include <QFile>
-#include <QSettings>
 #include <QtTest>
 
 using namespace tuner;

@@ -12,7 +12,6 @@
 #include "tuneroptions.h"
 
 #include <QLabel>
-#include <QPointer>
 #include <QtTest>
 
 using namespace tuner;

@@ -8,8 +8,6 @@
 
 #include <QtTest>
 
-#include <functional>
-
 using namespace tuner;
 
 using Action = std::function<void(tunerfunction *)>;

@@ -43,7 +43,7 @@ private slots:
         bus::ReplyBatch::forgetUnresponsiveServices();
         m_fakes->radio()->clearAnswers();
         m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 1);
-        answer(kStation);
+        m_fakes->radio()->setAnswers(kStation);
     }
 
     void cleanup()
@@ -71,7 +71,7 @@ private slots:
         makeWindow();
         QCOMPARE(int(prefs()->band()), late ? 0 : 1);
 
-        answer({{"bandId", 2}, {"freqBandId", 2}, {"workStateType", 1}, {"RDSstate", 3}});
+        m_fakes->radio()->setAnswers({{"bandId", 2}, {"freqBandId", 2}, {"workStateType", 1}, {"RDSstate", 3}});
         QVERIFY(late ? m_fakes->start() : m_fakes->restart());
         QTRY_COMPARE(player()->workStatus(), 1);
         QCOMPARE(int(prefs()->band()), 2);
@@ -242,12 +242,6 @@ private slots:
     }
 
 private:
-    void answer(const QVariantMap &answers)
-    {
-        for (auto it = answers.cbegin(); it != answers.cend(); ++it)
-            m_fakes->radio()->setAnswer(it.key(), it.value());
-    }
-
     void makeWindow()
     {
         m_window = std::make_unique<MainWindow>();

@@ -92,8 +92,7 @@ private slots:
         QFETCH(QStringList, afTaCommands);
         QFETCH(QList<int>, lastBands);
 
-        NiloRadioServiceBackend *radio = m_fakes->radio();
-        const QVariantMap answers{
+        m_fakes->radio()->setAnswers({
             {"bandSwitch", bandSwitch}, {"bandId", bandId},
             {"fmList", "8800;8930;9050;9190;9310;9450;9580;9720;9870;10020;10150;10280"},
             {"amList", "585;693;909"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
@@ -101,9 +100,7 @@ private slots:
             {"bandCurFreq", "9000;9450;10020;999;1089"}, {"bandPos", "1;2;0;3;0"},
             {"initLocal", 1}, {"initRegional", 0}, {"initAfTaList", "2;1;3"}, {"initAfTa", 2},
             {"initPsName1", "BBC R2;NDR 2"}, {"initPsName2", "SWR3"}, {"piTpStatus", piTp},
-            {"rdsProgramName", "NDR 2"}, {"RDSstate", 3}};
-        for (auto it = answers.cbegin(); it != answers.cend(); ++it)
-            radio->setAnswer(it.key(), it.value());
+            {"rdsProgramName", "NDR 2"}, {"RDSstate", 3}});
 
         MainWindow window;
 
@@ -165,11 +162,9 @@ private slots:
         file.close();
 
         NiloRadioServiceBackend *radio = m_fakes->radio();
-        for (const auto &[getter, value] : {std::pair<const char *, QVariant>{"bandId", 1}, {"bandPos", "1;1;1;1;1"},
-                                            {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
-                                            {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
-                                            {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}})
-            radio->setAnswer(QLatin1String(getter), value);
+        radio->setAnswers({{"bandId", 1}, {"bandPos", "1;1;1;1;1"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
+                           {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
+                           {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}});
         if (failure == QLatin1String("absent"))
             m_fakes->stop();
         radio->setHung(failure == QLatin1String("hung"));

@@ -85,10 +85,7 @@ private slots:
         QFETCH(int, regional);
         QFETCH(QList<int>, items);
         QFETCH(bool, scrollBar);
-        TestState::Vehicle vehicle;
-        vehicle.rdsAfTaTpSupport = afTaTp;
-        vehicle.regionalSupport = regional;
-        newState(vehicle);
+        newState(QStringLiteral("RdsAfTaTpSupport=%1 RegionalSupport=%2").arg(afTaTp).arg(regional));
         prefs()->setBand(Band(band));
         OptionWidget options;
         QCOMPARE(itemsOf(options.model()), items);
@@ -199,9 +196,7 @@ private slots:
         QFETCH(int, support);
         QFETCH(int, code);
         QFETCH(QString, name);
-        TestState::Vehicle vehicle;
-        vehicle.rdsSupport = support;
-        newState(vehicle);
+        newState(QStringLiteral("RdsSupport=%1").arg(support));
         OptionWidget options;
         options.onCurPTYItem(code);
         QCOMPARE(prefs()->selectPTY(), name);
@@ -222,9 +217,7 @@ private slots:
         QFETCH(int, support);
         QFETCH(int, rows);
         QFETCH(QString, last);
-        TestState::Vehicle vehicle;
-        vehicle.rdsSupport = support;
-        newState(vehicle);
+        newState(QStringLiteral("RdsSupport=%1").arg(support));
         PTYWidget list;
         QCOMPARE(list.model()->rowCount(), rows);
         if (rows > 0) {
@@ -258,9 +251,7 @@ private slots:
         QFETCH(int, received);
         QFETCH(int, marked);
         QFETCH(int, storedAfter);
-        TestState::Vehicle vehicle;
-        vehicle.rdsSupport = support;
-        newState(vehicle);
+        newState(QStringLiteral("RdsSupport=%1").arg(support));
         PTYWidget list;
         prefs()->setPty(stored);
         list.onPTYChanged(received);

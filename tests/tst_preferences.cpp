@@ -141,10 +141,7 @@ private slots:
         QFETCH(QVector<int>, am3);
         QFETCH(bool, af);
 
-        TestState::Vehicle vehicle;
-        vehicle.destination = destination;
-        vehicle.rdsAfTaTpSupport = afTaTpSupport;
-        TestState state(vehicle);
+        TestState state(QStringLiteral("Destination=%1 RdsAfTaTpSupport=%2").arg(destination).arg(afTaTpSupport));
 
         const auto summary = [](const Preferences::flagBand &b) {
             return QVector<int>{b.lowFreq, b.highFreq, b.step, b.currFreq, b.presets[0], b.presets[5]};

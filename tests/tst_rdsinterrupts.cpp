@@ -63,9 +63,7 @@ private slots:
         QFETCH(QString, nameText);
         QFETCH(bool, freqShown);
 
-        TestState::Vehicle vehicle;
-        vehicle.radioInfoDispLine = mode;
-        makeWindow(vehicle);
+        makeWindow(QStringLiteral("RadioInfoDispLine=%1").arg(mode));
         prefs()->setBand(Band(band));
         m_window->onRdsName(report); // as the radio service's ProgramName arrives
 
@@ -234,9 +232,7 @@ private slots:
         QFETCH(QString, host);
 
         const QStringList stepList = steps.split(QLatin1Char(' '));
-        TestState::Vehicle vehicle;
-        vehicle.rdsAfTaTpSupport = stepList.contains(QStringLiteral("nosupport")) ? 0 : 1;
-        makeWindow(vehicle);
+        makeWindow(stepList.contains(QStringLiteral("nosupport")) ? QStringLiteral("RdsAfTaTpSupport=0") : QString());
         if (stepList.contains(QStringLiteral("am")))
             prefs()->setBand(BAND_AM1);
         m_window->start();
@@ -299,9 +295,9 @@ private slots:
     }
 
 private:
-    void makeWindow(const TestState::Vehicle &vehicle = TestState::Vehicle())
+    void makeWindow(const QString &vehicleKeys = QString())
     {
-        newState(vehicle);
+        newState(vehicleKeys);
         m_window = std::make_unique<MainWindow>();
         m_window->onCreate();
         m_window->screenStack()->resize(800, 480);

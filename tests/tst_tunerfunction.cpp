@@ -236,9 +236,7 @@ private slots:
     {
         QFETCH(int, support);
         QFETCH(QStringList, calls);
-        TestState::Vehicle vehicle;
-        vehicle.rdsAfTaTpSupport = support;
-        m_state->setVehicle(vehicle);
+        m_state->setVehicle(QStringLiteral("RdsAfTaTpSupport=%1").arg(support));
         prefs()->setFmTa(3, true);
         prefs()->setFmAf(3, false);
         prefs()->setRdsStatus(1);
@@ -312,13 +310,6 @@ private slots:
         QCOMPARE(radioCalls(), QStringList());
         QCOMPARE(prefs()->playFreqId(), kNoPreset);
     }
-
-private:
-    QStringList radioCalls()
-    {
-        return m_fakes->describedCalls(m_fakes->radio());
-    }
-
 };
 
 QTEST_GUILESS_MAIN(tst_TunerFunction)

@@ -54,9 +54,7 @@ private slots:
         QFETCH(int, band);
         QFETCH(int, freq);
         QFETCH(QString, shown);
-        TestState::Vehicle vehicle;
-        vehicle.destination = destination;
-        makePlayer(vehicle);
+        makePlayer(QStringLiteral("Destination=%1").arg(destination));
         prefs()->setBand(Band(band));
         m_player->updateLabelFreq();
         m_player->setValue(freq);
@@ -370,9 +368,9 @@ private:
     QAbstractButton *button(const char *name) const { return m_player->findChild<QAbstractButton *>(QLatin1String(name)); }
     QString page() const { return m_player->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget()->objectName(); }
 
-    void makePlayer(const TestState::Vehicle &vehicle = TestState::Vehicle())
+    void makePlayer(const QString &vehicleKeys = QString())
     {
-        newState(vehicle);
+        newState(vehicleKeys);
         m_player = std::make_unique<TunerPlayer>();
         QVERIFY(shown(m_player));
         forgetCalls();

@@ -48,6 +48,13 @@ void ServiceBackend::setAnswer(const QString &member, const QVariant &value)
     m_answers.insert(member, value);
 }
 
+void ServiceBackend::setAnswers(const QVariantMap &answers)
+{
+    QMutexLocker lock(&m_mutex);
+    for (auto it = answers.cbegin(); it != answers.cend(); ++it)
+        m_answers.insert(it.key(), it.value());
+}
+
 void ServiceBackend::clearAnswers()
 {
     QMutexLocker lock(&m_mutex);

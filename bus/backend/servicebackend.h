@@ -30,6 +30,8 @@ public:
     void clearCalls();
 
     void setAnswer(const QString &member, const QVariant &value);
+    // Several answers at once, keyed by member name.
+    void setAnswers(const QVariantMap &answers);
     void clearAnswers();
     // A hung service keeps its name on the bus but never replies.
     void setHung(bool hung);

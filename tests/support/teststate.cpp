@@ -8,16 +8,11 @@
 #include <QFile>
 #include <QSettings>
 
-TestState::TestState()
-    : TestState(Vehicle())
-{
-}
-
-TestState::TestState(const Vehicle &vehicle)
+TestState::TestState(const QString &vehicleKeys)
 {
     qputenv("TUNER_ROOT", m_dir.path().toUtf8());
     qputenv("NILO_DIR", (m_dir.path() + QLatin1String("/nilo")).toUtf8());
-    setVehicle(vehicle);
+    setVehicle(vehicleKeys);
 }
 
 TestState::~TestState()
@@ -51,15 +46,9 @@ QVariant TestState::settingsValue(const QString &key) const
     return QSettings(settingsIni(), QSettings::IniFormat).value(key);
 }
 
-void TestState::setVehicle(const Vehicle &vehicle)
+void TestState::setVehicle(const QString &vehicleKeys)
 {
-    writeVehicleText(QStringLiteral("[Vehicle]\nDestination=%1\nRdsSupport=%2\nRdsAfTaTpSupport=%3\n"
-                                    "RegionalSupport=%4\nRadioInfoDispLine=%5\n")
-                         .arg(vehicle.destination)
-                         .arg(vehicle.rdsSupport)
-                         .arg(vehicle.rdsAfTaTpSupport)
-                         .arg(vehicle.regionalSupport)
-                         .arg(vehicle.radioInfoDispLine));
+    writeVehicleText(QLatin1String("[Vehicle]\n") + QString(vehicleKeys).replace(QLatin1Char(' '), QLatin1Char('\n')));
 }
 
 void TestState::writeVehicleText(const QString &text)

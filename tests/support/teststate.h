@@ -12,17 +12,9 @@
 class TestState
 {
 public:
-    struct Vehicle
-    {
-        int destination = 0;
-        int rdsSupport = 1;
-        int rdsAfTaTpSupport = 1;
-        int regionalSupport = 1;
-        int radioInfoDispLine = 1;
-    };
-
-    TestState();
-    explicit TestState(const Vehicle &vehicle);
+    // `vehicleKeys`: the [Vehicle] keys, space-separated ("RdsSupport=2
+    // Destination=7"); a key left out takes the host's default.
+    explicit TestState(const QString &vehicleKeys = QString());
     ~TestState();
 
     QString root() const { return m_dir.path(); }
@@ -32,7 +24,7 @@ public:
     QVariant radioConfValue(const QString &key) const;
     QVariant settingsValue(const QString &key) const;
     // Writes the vehicle configuration and makes the host read it again.
-    void setVehicle(const Vehicle &vehicle);
+    void setVehicle(const QString &vehicleKeys);
     void writeVehicleText(const QString &text);
 
 private:

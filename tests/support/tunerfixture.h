@@ -21,9 +21,9 @@ protected:
         return m_fakes->start();
     }
 
-    void newState(const TestState::Vehicle &vehicle = TestState::Vehicle())
+    void newState(const QString &vehicleKeys = QString())
     {
-        m_state = std::make_unique<TestState>(vehicle);
+        m_state = std::make_unique<TestState>(vehicleKeys);
     }
 
 #ifdef QT_WIDGETS_LIB

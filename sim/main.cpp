@@ -5,10 +5,8 @@
 //   nilo-sim ctl METHOD [ARGS...]     calls the running simulator's nilo.Simulator
 
 #include "busaddress.h"
-#include "nilo_mcuservice_adaptor.h"
-#include "nilo_radioservice_adaptor.h"
 #include "nilo_simulator_adaptor.h"
-#include "nilo_sourceservice_adaptor.h"
+#include "serviceexport.h"
 #include "simcontrol.h"
 #include "simradio.h"
 #include "simservices.h"
@@ -85,20 +83,13 @@ int main(int argc, char *argv[])
     auto *mcu = new sim::SimMcu(&app);
     auto *source = new sim::SimSource(&app);
     auto *control = new sim::SimControl(radio, source, &app);
-    new NiloRadioServiceAdaptor(radio);
-    new NiloMcuServiceAdaptor(mcu);
-    new NiloSourceServiceAdaptor(source);
-    new NiloSimulatorAdaptor(control);
-
     using namespace tuner::bus;
+    const ServiceSet services{radio, mcu, source};
+    attachAdaptors(services);
+    new NiloSimulatorAdaptor(control);
     QDBusConnection bus = QDBusConnection::sessionBus();
-    const bool ok = bus.isConnected()
-        && bus.registerObject(QLatin1String(kRadioPath), radio)
-        && bus.registerObject(QLatin1String(kMcuPath), mcu)
-        && bus.registerObject(QLatin1String(kSourcePath), source)
-        && bus.registerObject(QLatin1String(kControlPath), control)
-        && bus.registerService(QLatin1String(kMcuService))
-        && bus.registerService(QLatin1String(kSystemService));
+    // The control object first: once the names are claimed, clients may call it.
+    const bool ok = bus.registerObject(QLatin1String(kControlPath), control) && exportServices(bus, services);
     if (!ok) {
         QTextStream(stderr) << "nilo-sim: cannot claim the services on the session bus: "
                             << bus.lastError().message() << "\n";

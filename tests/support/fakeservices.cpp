@@ -1,9 +1,7 @@
 #include "fakeservices.h"
 
 #include "busaddress.h"
-#include "nilo_mcuservice_adaptor.h"
-#include "nilo_radioservice_adaptor.h"
-#include "nilo_sourceservice_adaptor.h"
+#include "serviceexport.h"
 
 #include <QDBusMessage>
 #include <QMetaObject>
@@ -15,9 +13,7 @@ FakeServices::FakeServices()
     , m_mcu(new NiloMcuServiceBackend)
     , m_source(new NiloSourceServiceBackend)
 {
-    new NiloRadioServiceAdaptor(m_radio);
-    new NiloMcuServiceAdaptor(m_mcu);
-    new NiloSourceServiceAdaptor(m_source);
+    tuner::bus::attachAdaptors({m_radio, m_mcu, m_source});
     m_radio->moveToThread(&m_thread);
     m_mcu->moveToThread(&m_thread);
     m_source->moveToThread(&m_thread);
@@ -50,28 +46,15 @@ bool FakeServices::restart()
 
 bool FakeServices::start()
 {
-    using namespace tuner::bus;
-    if (m_started)
-        return true;
-    m_started = m_connection.isConnected()
-        && m_connection.registerObject(QLatin1String(kRadioPath), m_radio)
-        && m_connection.registerObject(QLatin1String(kMcuPath), m_mcu)
-        && m_connection.registerObject(QLatin1String(kSourcePath), m_source)
-        && m_connection.registerService(QLatin1String(kMcuService))
-        && m_connection.registerService(QLatin1String(kSystemService));
+    if (!m_started)
+        m_started = tuner::bus::exportServices(m_connection, {m_radio, m_mcu, m_source});
     return m_started;
 }
 
 void FakeServices::stop()
 {
-    using namespace tuner::bus;
-    if (!m_started)
-        return;
-    m_connection.unregisterService(QLatin1String(kMcuService));
-    m_connection.unregisterService(QLatin1String(kSystemService));
-    m_connection.unregisterObject(QLatin1String(kRadioPath));
-    m_connection.unregisterObject(QLatin1String(kMcuPath));
-    m_connection.unregisterObject(QLatin1String(kSourcePath));
+    if (m_started)
+        tuner::bus::withdrawServices(m_connection);
     m_started = false;
 }
 

@@ -389,7 +389,6 @@ private slots:
     void audioFocus()
     {
         AudioManager *audio = AudioManager::instance();
-        QSignalSpy requests(audio, &AudioManager::focusRequested);
         auto refused = std::make_unique<FocusListener>();
         audio->setFocusResult(AudioManager::FocusRefused);
         QCOMPARE(audio->requestAudioFocus(1, 1, refused.get()), 1);
@@ -402,8 +401,6 @@ private slots:
         QVERIFY(audio->dispatchFocusChange(-1));
         QVERIFY(audio->dispatchFocusChange(-2));
         QCOMPARE(listener->changes, (QList<int>{-1, -2}));
-        QCOMPARE(requests.count(), 2);
-        QCOMPARE(requests.last().at(2).toString(), QStringLiteral("test"));
 
         // A listener that is gone is not called.
         listener.reset();

@@ -32,11 +32,6 @@ class tst_HostileBus : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(startServices());
-    }
-
     void init()
     {
         newState();

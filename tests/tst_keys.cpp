@@ -19,11 +19,6 @@ class tst_Keys : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(startServices());
-    }
-
     void cleanup()
     {
         m_player.reset();

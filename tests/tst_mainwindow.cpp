@@ -45,7 +45,6 @@ class tst_MainWindow : public QObject, private TunerFixture
 private slots:
     void initTestCase()
     {
-        QVERIFY(startServices());
         cm::BaseWindow::setHost(&m_host);
     }
 

@@ -351,7 +351,6 @@ private slots:
         QTest::newRow("band 0") << 0 << 39;
         QTest::newRow("band 1 reads the second entry") << 1 << 49;
         QTest::newRow("band 2 past the list") << 2 << 39;
-        QTest::newRow("band 3 past the list") << 3 << 49;
         QTest::newRow("band 4 past the list") << 4 << 49;
     }
 

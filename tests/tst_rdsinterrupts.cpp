@@ -25,7 +25,6 @@ class tst_RdsInterrupts : public QObject, private TunerFixture
 private slots:
     void initTestCase()
     {
-        QVERIFY(startServices());
         cm::BaseWindow::setHost(&m_host);
     }
 

@@ -21,11 +21,6 @@ class tst_ScreenStack : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(startServices());
-    }
-
     void init()
     {
         newState();
@@ -114,6 +109,7 @@ private slots:
         if (popup) {
             QVERIFY(m_stack->searchPopup()->isVisible());
             QCOMPARE(!m_stack->searchPopup()->findChild<QWidget *>("Key_0085_close")->isHidden(), closeShown);
+            QCOMPARE(!m_stack->searchPopup()->findChild<QWidget *>("Txt_0112_close")->isHidden(), closeShown);
         }
     }
 

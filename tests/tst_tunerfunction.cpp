@@ -27,11 +27,6 @@ class tst_TunerFunction : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(startServices());
-    }
-
     void init()
     {
         newState(); // EUR: FM 8750..10800 step 5

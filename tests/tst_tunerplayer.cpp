@@ -20,11 +20,6 @@ class tst_TunerPlayer : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(startServices());
-    }
-
     void init()
     {
         m_fakes->radio()->clearAnswers();

@@ -14,11 +14,12 @@
 class TunerFixture
 {
 protected:
-    // From initTestCase().
-    bool startServices()
+    TunerFixture()
+        : m_fakes(std::make_unique<FakeServices>())
     {
-        m_fakes = std::make_unique<FakeServices>();
-        return m_fakes->start();
+        // Without its fakes no test of the binary means anything.
+        if (!m_fakes->start())
+            qFatal("the fake services could not claim their names on the test bus");
     }
 
     void newState(const QString &vehicleKeys = QString())

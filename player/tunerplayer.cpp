@@ -138,7 +138,7 @@ void TunerPlayer::init_widget()
     ui->Txt_0017_band_name->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     // The theme's digit font.
-    for (QLabel *label : {ui->Txt_0035_rds_freq, ui->Txt_0019_rds_freq})
+    for (QLabel *label : {static_cast<QLabel *>(ui->Txt_0035_rds_freq), ui->Txt_0019_rds_freq})
         label->setFont(cm::digitFont(label->font().pixelSize()));
     connect(ui->Txt_0037_rds_name, SIGNAL(clicked()), ui->Txt_0037_rds_name, SLOT(slotClicked()));
 }

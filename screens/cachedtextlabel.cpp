@@ -2,6 +2,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
 
 CachedTextLabel::Look CachedTextLabel::currentLook() const
 {
@@ -10,28 +11,36 @@ CachedTextLabel::Look CachedTextLabel::currentLook() const
 
 void CachedTextLabel::paintEvent(QPaintEvent *event)
 {
-    // Rich text and pictures are drawn as QLabel draws them, every time.
-    if (m_rendering || textFormat() == Qt::RichText || text().isEmpty() || !pixmap(Qt::ReturnByValue).isNull()) {
+    const bool cacheable = textFormat() != Qt::RichText && !text().isEmpty() && pixmap(Qt::ReturnByValue).isNull();
+    if (m_rendering || !cacheable || !m_valid || !(currentLook() == m_look)) {
         QLabel::paintEvent(event);
+        // A widget cannot render itself from inside its own paint event: the
+        // cache is filled once this paint is done.
+        if (cacheable && !m_rendering && !m_refillQueued) {
+            m_refillQueued = true;
+            QTimer::singleShot(0, this, &CachedTextLabel::refill);
+        }
         return;
     }
-    const Look look = currentLook();
-    if (!m_valid || !(look == m_look)) {
-        const qreal ratio = devicePixelRatioF();
-        if (m_pixels.size() != size() * ratio)
-            m_pixels = QPixmap(size() * ratio);
-        m_pixels.setDevicePixelRatio(ratio);
-        m_pixels.fill(Qt::transparent);
-        // QLabel's own painting, into the cache: the frame and the text, no background.
-        m_rendering = true;
-        render(&m_pixels, QPoint(), QRegion(), {});
-        m_rendering = false;
-        m_look = look;
-        m_valid = true;
-    }
-    QPainter painter(this);
-    painter.drawPixmap(event->rect(), m_pixels, QRectF(QPointF(event->rect().topLeft()) * m_pixels.devicePixelRatio(),
-                                                        QSizeF(event->rect().size()) * m_pixels.devicePixelRatio()));
+    const qreal ratio = m_pixels.devicePixelRatio();
+    const QRect dirty = event->rect();
+    QPainter(this).drawPixmap(dirty, m_pixels, QRectF(QPointF(dirty.topLeft()) * ratio, QSizeF(dirty.size()) * ratio));
+}
+
+void CachedTextLabel::refill()
+{
+    m_refillQueued = false;
+    const qreal ratio = devicePixelRatioF();
+    if (m_pixels.size() != size() * ratio)
+        m_pixels = QPixmap(size() * ratio);
+    m_pixels.setDevicePixelRatio(ratio);
+    m_pixels.fill(Qt::transparent);
+    // QLabel's own painting, frame and text, without any background.
+    m_rendering = true;
+    render(&m_pixels, QPoint(), QRegion(), {});
+    m_rendering = false;
+    m_look = currentLook();
+    m_valid = true;
 }
 
 void CachedTextLabel::changeEvent(QEvent *event)

@@ -33,9 +33,11 @@ private:
         }
     };
     Look currentLook() const;
+    void refill();
 
     QPixmap m_pixels;
     Look m_look;
     bool m_valid = false;
     bool m_rendering = false;
+    bool m_refillQueued = false;
 };

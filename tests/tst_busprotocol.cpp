@@ -121,7 +121,6 @@ private slots:
         QTest::newRow("string") << "ProgramName" << QVariantList{QStringLiteral("NDR 2")};
         QTest::newRow("bool") << "afEnableChanged" << QVariantList{true};
         QTest::newRow("string and int") << "aftaState" << QVariantList{QStringLiteral("1;2;3"), 2};
-        QTest::newRow("four ints") << "bandChanged" << QVariantList{3, 531, 1602, 9};
         QTest::newRow("two ints") << "stationChanged" << QVariantList{10170, 1};
     }
 

@@ -10,10 +10,18 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
+#include <QStyleHints>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
-#include <QtTest/QTest>
+
+QT_BEGIN_NAMESPACE
+// QtGui's entry for mouse input from the window system, the one QtTest uses
+// too: declared here so the host app does not carry the test library.
+Q_GUI_EXPORT void qt_handleMouseEvent(QWindow *window, const QPointF &local, const QPointF &global,
+                                      Qt::MouseButtons state, Qt::MouseButton button, QEvent::Type type,
+                                      Qt::KeyboardModifiers mods, int timestamp);
+QT_END_NAMESPACE
 
 HostAutomation::HostAutomation(HostShell *shell, QObject *parent)
     : QObject(parent)
@@ -33,22 +41,36 @@ bool HostAutomation::windowKey(int code, int phase)
 
 // Mouse input enters through the window system, as a touch would: the widget
 // under the point gets it, and keeps the grab until the release.
+void HostAutomation::deliverMouse(QEvent::Type type, int x, int y)
+{
+    QWindow *window = m_shell->frame() ? m_shell->frame()->windowHandle() : nullptr;
+    if (!window)
+        return;
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    m_held.setFlag(Qt::LeftButton, type == QEvent::MouseButtonPress
+                                       || (type == QEvent::MouseMove && m_held.testFlag(Qt::LeftButton)));
+    const QPoint local(x, y);
+    qt_handleMouseEvent(window, local, window->mapToGlobal(local), m_held, button, type, Qt::NoModifier,
+                        ++m_timestamp);
+    // Two taps in a row are two presses, never a double click.
+    if (type == QEvent::MouseButtonRelease)
+        m_timestamp += QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    QCoreApplication::processEvents();
+}
+
 void HostAutomation::press(int x, int y)
 {
-    if (QWindow *window = m_shell->frame() ? m_shell->frame()->windowHandle() : nullptr)
-        QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, QPoint(x, y), 0);
+    deliverMouse(QEvent::MouseButtonPress, x, y);
 }
 
 void HostAutomation::move(int x, int y)
 {
-    if (QWindow *window = m_shell->frame() ? m_shell->frame()->windowHandle() : nullptr)
-        QTest::mouseMove(window, QPoint(x, y), 0);
+    deliverMouse(QEvent::MouseMove, x, y);
 }
 
 void HostAutomation::release(int x, int y)
 {
-    if (QWindow *window = m_shell->frame() ? m_shell->frame()->windowHandle() : nullptr)
-        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, QPoint(x, y), 0);
+    deliverMouse(QEvent::MouseButtonRelease, x, y);
 }
 
 void HostAutomation::tap(int x, int y)

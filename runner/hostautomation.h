@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEvent>
 #include <QObject>
 
 class HostShell;
@@ -27,5 +28,9 @@ public:
     void quit();
 
 private:
+    void deliverMouse(QEvent::Type type, int x, int y);
+
     HostShell *m_shell;
+    Qt::MouseButtons m_held;
+    int m_timestamp = 0;
 };

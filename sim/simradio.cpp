@@ -482,7 +482,8 @@ void SimRadio::loadState()
     QFile file(m_stateFile);
     if (m_stateFile.isEmpty() || !file.open(QIODevice::ReadOnly))
         return;
-    const QJsonObject o = QJsonDocument::fromJson(file.readAll()).object();
+    m_savedState = file.readAll();
+    const QJsonObject o = QJsonDocument::fromJson(m_savedState).object();
     const int band = o.value(QLatin1String("band")).toInt(-1);
     if (band >= 0 && band <= 4)
         m_band = band;
@@ -538,13 +539,17 @@ void SimRadio::saveState() const
     o.insert(QStringLiteral("regional"), m_regional);
     o.insert(QStringLiteral("af"), m_af);
     o.insert(QStringLiteral("ta"), m_ta);
+    const QByteArray state = QJsonDocument(o).toJson();
+    if (state == m_savedState)
+        return;
     QDir().mkpath(QFileInfo(m_stateFile).absolutePath());
     QFile file(m_stateFile);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(state) != state.size()) {
         qWarning().noquote() << "[WAR] sim --" << m_stateFile << "cannot be written.";
+        m_savedState.clear();
         return;
     }
-    file.write(QJsonDocument(o).toJson());
+    m_savedState = state;
 }
 
 } // namespace sim

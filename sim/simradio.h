@@ -103,6 +103,7 @@ private:
 
     StationList m_stations;
     QString m_stateFile;
+    mutable QByteArray m_savedState; // what the state file holds, to skip rewrites that change nothing
     int m_fmLow = 8750, m_fmHigh = 10800, m_fmStep = 5;
     int m_amLow = 531, m_amHigh = 1602, m_amStep = 9;
     int m_band = 0;

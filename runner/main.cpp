@@ -15,6 +15,8 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
 #include <QTextStream>
 #include <QThread>
 #include <QTimer>
@@ -38,6 +40,15 @@ void waitForServices(int ms)
     }
 }
 
+// The installed plug-in beside the installed host app; otherwise the one of
+// the build tree.
+QString defaultPlugin()
+{
+    const QString installed = QCoreApplication::applicationDirPath() + QLatin1Char('/')
+                              + QStringLiteral(TUNER_INSTALLED_PLUGIN);
+    return QFileInfo::exists(installed) ? QDir::cleanPath(installed) : QStringLiteral(TUNER_BUILT_PLUGIN);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -56,7 +67,7 @@ int main(int argc, char *argv[])
     parser.addOptions({screenshot, settle, wait});
     parser.process(app);
 
-    const QString plugin = parser.positionalArguments().value(0, QStringLiteral(TUNER_DEFAULT_PLUGIN));
+    const QString plugin = parser.positionalArguments().value(0, defaultPlugin());
     waitForServices(parser.value(wait).toInt());
 
     HostShell shell;

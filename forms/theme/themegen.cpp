@@ -1,5 +1,5 @@
 // nilo-themegen IMAGES_TXT OUTPUT_DIR
-// Draws the host theme's images listed in IMAGES_TXT into OUTPUT_DIR: a dark
+// Draws the tuner's images listed in IMAGES_TXT into OUTPUT_DIR: a dark
 // automotive look, legible at 800 x 480, amber for what is pressed or lit.
 
 #include <QFile>

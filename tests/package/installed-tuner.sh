@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# Builds the Debian packages, unpacks them into a scratch root (dpkg -x) and
+# runs what they installed there: the simulator, the host app and the plug-in
+# it finds beside itself, on a private session bus, up to a saved screenshot.
+#   installed-tuner.sh BUILD_DIR
+set -euo pipefail
+build="$1"
+scratch="$(mktemp -d)"
+trap 'rm -rf "$scratch"' EXIT
+
+cpack -G DEB --config "$build/CPackConfig.cmake" -B "$scratch/packages" >"$scratch/cpack.log" 2>&1 \
+    || { cat "$scratch/cpack.log"; exit 1; }
+root="$scratch/root"
+for package in nilo-tuner nilo-tuner-devtools; do
+    deb=$(ls "$scratch/packages/${package}"_*.deb)
+    dpkg -x "$deb" "$root"
+    echo "$package: $(dpkg-deb -f "$deb" Depends)"
+done
+
+host="$(find "$root" -path '*/bin/nilo-tuner-host')"
+sim="$(find "$root" -path '*/bin/nilo-sim')"
+plugin="$(find "$root" -name 'libtuner.so')"
+# Everything must come from the scratch root, nothing from the build tree.
+for program in "$host" "$sim" "$plugin"; do
+    if ldd "$program" | grep -E 'nilo_host|not found' | grep -v -F "$root"; then
+        echo "FAIL: $program does not load the host libraries it was installed with"
+        exit 1
+    fi
+done
+
+state="$scratch/state"
+mkdir -p "$state/root" "$state/nilo/etc" "$state/runtime"
+chmod 700 "$state/runtime"
+printf '[Vehicle]\nDestination=0\n' >"$state/vehicle.ini"
+export TUNER_ROOT="$state/root" NILO_DIR="$state/nilo" NILO_VEHICLE_CONF="$state/vehicle.ini"
+export XDG_RUNTIME_DIR="$state/runtime" QT_QPA_PLATFORM=offscreen
+frame="$scratch/frame.png"
+output=$(dbus-run-session -- bash -c '
+    "$0" --state "$1/sim.json" &
+    sim=$!
+    trap "kill $sim 2>/dev/null" EXIT
+    "$2" --screenshot "$3" --settle 300
+' "$sim" "$state" "$host" "$frame" 2>&1) || { echo "$output"; exit 1; }
+echo "$output" | grep -F "Screenshot saved to $frame"
+# A frame that shows the tuner, not an empty window: the images are there.
+[ "$(stat -c %s "$frame")" -gt 20000 ] || { echo "FAIL: the frame is nearly empty"; exit 1; }
+echo "The installed tuner ran from $root"

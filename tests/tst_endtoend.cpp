@@ -1,6 +1,8 @@
 // The simulator and the host app with the plug-in, as separate processes on
 // the test's private bus, driven only through their bus interfaces.
 
+#include "emulator.h"
+
 #include <QDBusConnectionInterface>
 #include <QDBusInterface>
 #include <QtTest>
@@ -26,10 +28,10 @@ private slots:
         m_sim.setProcessChannelMode(QProcess::MergedChannels);
         m_host.setProcessChannelMode(QProcess::ForwardedChannels);
 
-        m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
+        startProgram(m_sim, QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
         QVERIFY(m_sim.waitForStarted());
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("com.nilo.mcu")), 10000);
-        m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
+        startProgram(m_host, QStringLiteral(HOST_EXECUTABLE), QStringList());
         QVERIFY(m_host.waitForStarted());
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("nilo.TunerHost")), 15000);
 

@@ -1,6 +1,7 @@
 // radio.conf survives a writer killed at any point: every kill leaves a file
 // that parses, with every group and key.
 
+#include "emulator.h"
 #include "teststate.h"
 
 #include <QtTest>
@@ -56,7 +57,7 @@ private slots:
         for (int kill = 0; kill < kKills; ++kill) {
             QProcess writer;
             writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-            writer.start(QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)});
+            startProgram(writer, QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)});
             QVERIFY(writer.waitForStarted());
             // Killed after a random number of its writes, somewhere inside the next one.
             const int writes = QRandomGenerator::global()->bounded(1, 12);

@@ -22,6 +22,7 @@ public:
     // A running animation keeps its period; only the text changes.
     void show(int periodMs, const QString &text);
     void stop();
+    bool isRunning() const { return m_dotsTimer.isActive(); }
 
 protected:
     void timerEvent(QTimerEvent *event) override;

@@ -2,6 +2,7 @@
 
 #include "busproxies.h"
 #include "busreply.h"
+#include "interruptpopup.h"
 #include "preferences.h"
 #include "radiochecks.h"
 #include "radioedge.h"
@@ -207,6 +208,19 @@ void TunerPlayer::showUnit(bool fm)
 {
     if (QLabel *unit = m_line.unit())
         unit->setText(Translator::translate(fm ? 40 : 50));
+}
+
+void TunerPlayer::retranslate()
+{
+    const bool fm = prefs()->isFM();
+    ui->Txt_0017_band_name->setText(Translator::translate(fm ? 39 : 49));
+    showUnit(fm);
+    if (m_search.isRunning()) {
+        if (const int id = searchTextId(m_workStatus))
+            m_search.show(500, Translator::translate(id));
+    }
+    if (c35_011_interrupt_on_tuner *popup = m_banner.popup())
+        popup->retranslate();
 }
 
 void TunerPlayer::updateBandInfo()
@@ -549,24 +563,41 @@ void TunerPlayer::onTimer()
     onWorkStatus(m_workStatus);
 }
 
+// The status line's text while the service works, 0 when it is idle.
+int TunerPlayer::searchTextId(int workStatus) const
+{
+    const bool local = prefs()->isLocal();
+    switch (WorkStatus(workStatus)) {
+    case WorkStatus::AutoStore:
+        return 45;
+    case WorkStatus::SeekUp:
+        return local ? 43 : 41;
+    case WorkStatus::SeekDown:
+        return local ? 44 : 42;
+    case WorkStatus::PtySearchUp:
+        return 48;
+    case WorkStatus::PtySearchDown:
+        return 47;
+    default:
+        return 0;
+    }
+}
+
 void TunerPlayer::onWorkStatus(int state)
 {
     m_workStatus = state;
     const auto reported = WorkStatus(state);
-    const bool local = prefs()->isLocal();
     if (reported == WorkStatus::AutoStore)
-        m_search.show(500, Translator::translate(45));
-    else if (reported == WorkStatus::SeekUp)
-        m_search.show(400, Translator::translate(local ? 43 : 41));
-    else if (reported == WorkStatus::SeekDown)
-        m_search.show(400, Translator::translate(local ? 44 : 42));
+        m_search.show(500, Translator::translate(searchTextId(state)));
+    else if (isSeek(reported))
+        m_search.show(400, Translator::translate(searchTextId(state)));
     if (reported == WorkStatus::Idle) {
         m_search.stop();
         setValue(m_lastFreq);
         showRdsUnit();
     }
     if (afTaTpSupported() && prefs()->isFM() && isPtySearch(reported)) {
-        m_search.show(500, Translator::translate(reported == WorkStatus::PtySearchUp ? 48 : 47));
+        m_search.show(500, Translator::translate(searchTextId(state)));
         prefs()->setPresetIndex(0);
         clearCurFreqId();
     }

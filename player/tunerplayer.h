@@ -64,6 +64,8 @@ public:
     void manualPlus();
     void manualMinus();
     void updateBandInfo();
+    // Texts fetched again after the host switched languages.
+    void retranslate();
     void updateLabelFreq();
 
     // Presets and pages.
@@ -158,6 +160,7 @@ private:
     bool startSeek(bool up);
     void showBandFamily(bool fm);
     void showUnit(bool fm);
+    int searchTextId(int workStatus) const;
     void seek(bool up);
     void unlightPlayingPreset();
     bool stopRunningSearch();

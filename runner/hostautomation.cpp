@@ -39,6 +39,11 @@ bool HostAutomation::windowKey(int code, int phase)
     return m_shell->windowKey(code, phase);
 }
 
+bool HostAutomation::setLanguage(const QString &language)
+{
+    return m_shell->setLanguage(language);
+}
+
 // Mouse input enters through the window system, as a touch would: the widget
 // under the point gets it, and keeps the grab until the release.
 void HostAutomation::deliverMouse(QEvent::Type type, int x, int y)

@@ -15,6 +15,7 @@ public:
 
     bool sourceKey(const QString &source, int code, int phase);
     bool windowKey(int code, int phase);
+    bool setLanguage(const QString &language);
     void press(int x, int y);
     void move(int x, int y);
     void release(int x, int y);

@@ -4,6 +4,7 @@
 #include "basewindow.h"
 #include "hostevents.h"
 #include "hostlog.h"
+#include "translator.h"
 
 #include <QApplication>
 #include <QJsonObject>
@@ -125,6 +126,15 @@ bool HostShell::sourceKey(const QString &source, int code, int phase)
     }
     KeyEvent event(Qx::EventType(phase), code);
     return target->keyEvent(&event);
+}
+
+bool HostShell::setLanguage(const QString &language)
+{
+    if (!Translator::setLanguage(language))
+        return false;
+    if (m_window)
+        m_window->setTranslation(language);
+    return true;
 }
 
 bool HostShell::windowKey(int code, int phase)

@@ -30,6 +30,8 @@ public:
     bool windowKey(int code, int phase);
     // False for an unknown operation.
     bool lifecycle(const QString &op);
+    // Switches the texts' language and tells the window, as the head unit does.
+    bool setLanguage(const QString &language);
     QJsonArray hostEvents() const { return m_events; }
 
 protected:

@@ -2,13 +2,14 @@
 // shows it in an 800 x 480 window, driven by the keyboard, the mouse and the
 // nilo.TunerHost automation interface.
 //
-//   nilo-tuner-host [PLUGIN] [--screenshot FILE] [--settle MS] [--wait-services MS]
+//   nilo-tuner-host [PLUGIN] [--screenshot FILE] [--settle MS] [--language de] [--wait-services MS]
 
 #include "hostautomation.h"
 #include "hostlog.h"
 #include "hostshell.h"
 #include "nilo_tunerhost_adaptor.h"
 #include "theme.h"
+#include "translator.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -63,9 +64,12 @@ int main(int argc, char *argv[])
     parser.addPositionalArgument(QStringLiteral("plugin"), QStringLiteral("The plug-in library (default: the one built beside)."));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"), QStringLiteral("Start, let the screen settle, save a PNG, exit."), QStringLiteral("FILE"));
     const QCommandLineOption settle(QStringLiteral("settle"), QStringLiteral("Milliseconds to wait before --screenshot."), QStringLiteral("MS"), QStringLiteral("1500"));
+    const QCommandLineOption language(QStringLiteral("language"), QStringLiteral("Language of the texts: en (default) or de."), QStringLiteral("LANG"), QStringLiteral("en"));
     const QCommandLineOption wait(QStringLiteral("wait-services"), QStringLiteral("Milliseconds to wait for the radio service."), QStringLiteral("MS"), QStringLiteral("3000"));
-    parser.addOptions({screenshot, settle, wait});
+    parser.addOptions({screenshot, settle, language, wait});
     parser.process(app);
+    if (!Translator::setLanguage(parser.value(language)))
+        return 2;
 
     const QString plugin = parser.positionalArguments().value(0, defaultPlugin());
     waitForServices(parser.value(wait).toInt());

@@ -2,6 +2,7 @@
 
 #include "busproxies.h"
 #include "colorcontrol.h"
+#include "preferences.h"
 #include "theme.h"
 #include "translator.h"
 #include "ui_c35_011_interrupt_on_tuner.h"
@@ -38,6 +39,13 @@ void c35_011_interrupt_on_tuner::onInterruptType(InterruptType type)
     else
         return;
     ui->Txt_0021_interrupt->show();
+}
+
+void c35_011_interrupt_on_tuner::retranslate()
+{
+    ui->Txt_0419_cancel->setText(Translator::translate(189));
+    if (ui->Txt_0021_interrupt->isVisibleTo(this))
+        onInterruptType(InterruptType(Preferences::getInstance()->taOrAlarm()));
 }
 
 QString c35_011_interrupt_on_tuner::taAlarmText() const

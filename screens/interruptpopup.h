@@ -23,6 +23,8 @@ public:
 
     void onInterruptType(InterruptType type);
     QString taAlarmText() const;
+    // Texts fetched again after the host switched languages.
+    void retranslate();
 
 signals:
     void cancel();

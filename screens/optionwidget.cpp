@@ -213,6 +213,13 @@ OptionWidget::OptionWidget(QWidget *parent)
     connect(back, SIGNAL(shortClicked()), this, SLOT(onBack()));
 }
 
+void OptionWidget::retranslate()
+{
+    ui->Txt_0453_title->setText(Translator::translate(116));
+    // The rows translate as they are drawn.
+    ui->Lst_0016_tuner_option_list->viewport()->update();
+}
+
 OptionWidget::~OptionWidget()
 {
     delete ui;

@@ -60,6 +60,8 @@ public:
 
     void clicked(int item);
     void reset();
+    // Texts fetched again after the host switched languages.
+    void retranslate();
     TunerOptionModel *model() const { return m_model; }
 
 signals:

@@ -52,6 +52,12 @@ void PTYSearchWidget::retranslateUi()
     ui->Txt_0110_line1->setText(Translator::translate(105));
 }
 
+void PTYSearchWidget::retranslate()
+{
+    ui->Txt_0112_close->setText(Translator::translate(2));
+    ui->Txt_0110_line1->setText(Translator::translate(isAnimating() ? 104 : 105));
+}
+
 bool PTYSearchWidget::isAnimating() const
 {
     return m_timer->isActive();

@@ -22,6 +22,8 @@ public:
     void hideCloseBtn();
     void showCloseBtn();
     void retranslateUi();
+    // Texts fetched again after the host switched languages.
+    void retranslate();
     bool isAnimating() const;
 
 signals:

@@ -33,6 +33,12 @@ bool validForStandard(int support, int code)
 PTYModel::PTYModel(QObject *parent)
     : QStringListModel(parent)
 {
+    fillNames();
+}
+
+void PTYModel::fillNames()
+{
+    m_names.clear();
     const int support = cm::SettingsUtil::instance()->getRdsSupport();
     for (int code = 1; code <= 29; ++code) {
         if (const int id = ptyTextId(support, code))
@@ -168,6 +174,12 @@ PTYWidget::PTYWidget(QWidget *parent)
     connect(m_scroller, SIGNAL(stateChanged(QScroller::State)), this, SIGNAL(ListStateChange(QScroller::State)));
 
     onPTYChanged(Preferences::getInstance()->PTYtype());
+}
+
+void PTYWidget::retranslate()
+{
+    ui->Txt_0090_title->setText(Translator::translate(51));
+    m_model->fillNames();
 }
 
 PTYWidget::~PTYWidget()

@@ -25,6 +25,8 @@ public:
     explicit PTYModel(QObject *parent = nullptr);
 
     QModelIndex indexById(int code) const;
+    // The names in the vehicle's RDS flavour, in the current language.
+    void fillNames();
     QVariant data(const QModelIndex &index, int role) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
@@ -66,6 +68,8 @@ public:
     void highLightItem(int code);
     bool isPTYValid(int code) const;
     PTYModel *model() const { return m_model; }
+    // Texts fetched again after the host switched languages.
+    void retranslate();
 
 signals:
     void backtuner();

@@ -154,6 +154,26 @@ private slots:
         QTRY_COMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("93.10"));
     }
 
+    // The host switches languages while the tuner runs: the shown texts follow.
+    void languageSwitchesLive()
+    {
+        const auto setLanguage = [this](const char *language) {
+            return QDBusReply<bool>(m_automation->call(QStringLiteral("setLanguage"), QLatin1String(language))).value();
+        };
+        QCOMPARE(text(QStringLiteral("Txt_0017_band_name")), QStringLiteral("FM"));
+        QVERIFY(setLanguage("de"));
+        QCOMPARE(text(QStringLiteral("Txt_0017_band_name")), QStringLiteral("UKW"));
+        const QPoint options = centreOf(QStringLiteral("Key_0025_option_menu"));
+        m_automation->call(QStringLiteral("tap"), options.x(), options.y());
+        QTRY_COMPARE(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio-Optionen"));
+        QVERIFY(!setLanguage("xx"));
+        QVERIFY(setLanguage("en"));
+        QCOMPARE(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"));
+        const QPoint back = centreOf(QStringLiteral("Key_0375_back"));
+        m_automation->call(QStringLiteral("tap"), back.x(), back.y());
+        QTRY_COMPARE(text(QStringLiteral("Txt_0017_band_name")), QStringLiteral("FM"));
+    }
+
     void screenshotIsAPng()
     {
         const QString path = m_dir.path() + QStringLiteral("/shot.png");

@@ -43,6 +43,17 @@ MainWidget::MainWidget(QWidget *parent, RadioEdge *radioEdge)
 
 MainWidget::~MainWidget() = default;
 
+void MainWidget::retranslate()
+{
+    m_player->retranslate();
+    if (m_ptyList)
+        m_ptyList->retranslate();
+    if (m_optionList)
+        m_optionList->retranslate();
+    if (m_searchPopup)
+        m_searchPopup->retranslate();
+}
+
 // The PTY list is kept hidden; the option list and the search popup are
 // built anew, with fresh connections, each time they are shown.
 void MainWidget::hideAllPage()

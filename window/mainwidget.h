@@ -38,6 +38,8 @@ public:
     void BandChanged();
     void scrollToPage(int band);
     void updatePresetChecked();
+    // The host switched languages: every screen fetches its texts again.
+    void retranslate();
     // The radio service is new on the bus: the player reads it again.
     void synchronise();
 

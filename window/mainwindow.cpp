@@ -211,6 +211,12 @@ bool MainWindow::keyEvent(KeyEvent *)
     return false;
 }
 
+void MainWindow::reTranslateUI()
+{
+    if (m_mainWidget)
+        m_mainWidget->retranslate();
+}
+
 QString MainWindow::name() const
 {
     return QStringLiteral("tuner");

@@ -35,6 +35,8 @@ public:
     void onShow() override;
     bool keyEvent(KeyEvent *event) override;
     QString name() const override;
+    // The host announces a new language here (not a slot of this class).
+    void reTranslateUI() override;
     void start() override;
     void stop() override;
     void onAudioFocusChange(int focus) override;

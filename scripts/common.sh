@@ -9,6 +9,7 @@ TUNER_PACKAGES=(
     dbus-daemon dbus-session-bus-common
     fonts-dejavu-core fonts-dejavu-extra
     dpkg-dev file
+    xvfb xauth xdotool
 )
 
 # Installs the packages that are missing (needs root, as on the head-unit build

@@ -1,7 +1,5 @@
 #include "benchtable.h"
 
-#include "emulator.h"
-
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -53,7 +51,7 @@ Results runMode(const QStringList &args)
 {
     QProcess child;
     child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    startProgram(child, QCoreApplication::applicationFilePath(), args);
+    child.start(QCoreApplication::applicationFilePath(), args);
     child.waitForFinished(-1);
     Results results;
     const QList<QByteArray> lines = child.readAllStandardOutput().split('\n');
@@ -227,17 +225,16 @@ void startUp(const Options &options, Table &table)
     sim.setStandardOutputFile(QProcess::nullDevice());
     sim.setStandardErrorFile(QProcess::nullDevice());
     sim.setProcessEnvironment(processEnvironment);
-    startProgram(sim, QStringLiteral(BENCH_SIM), {QStringLiteral("--state"), state.filePath(QStringLiteral("sim.json"))});
+    sim.start(QStringLiteral(BENCH_SIM), {QStringLiteral("--state"), state.filePath(QStringLiteral("sim.json"))});
     if (!waitForService(QStringLiteral("com.nilo.mcu"), 5000)) {
         out() << "nilo-bench: the simulator did not start\n";
         return;
     }
 
     const QString frame = state.filePath(QStringLiteral("frame.png"));
-    const QStringList tuner = emulatedCommand({QStringLiteral(BENCH_HOST), QStringLiteral(BENCH_PLUGIN),
-                                               QStringLiteral("--screenshot"), frame, QStringLiteral("--settle"),
-                                               QStringLiteral("0")});
-    const QStringList bare = emulatedCommand({QStringLiteral(BENCH_BARE_WINDOW), frame});
+    const QStringList tuner{QStringLiteral(BENCH_HOST), QStringLiteral(BENCH_PLUGIN), QStringLiteral("--screenshot"),
+                            frame, QStringLiteral("--settle"), QStringLiteral("0")};
+    const QStringList bare{QStringLiteral(BENCH_BARE_WINDOW), frame};
     // The first runs fill the page cache and write the tuner's first radio.conf.
     runTimed(tuner, environment);
     runTimed(bare, environment);

@@ -1,8 +1,6 @@
 // The simulator and the host app with the plug-in, as separate processes on
 // the test's private bus, driven only through their bus interfaces.
 
-#include "emulator.h"
-
 #include <QDBusConnectionInterface>
 #include <QDBusInterface>
 #include <QtTest>
@@ -31,10 +29,10 @@ private slots:
         m_sim.setProcessChannelMode(QProcess::MergedChannels);
         m_host.setProcessChannelMode(QProcess::ForwardedChannels);
 
-        startProgram(m_sim, QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
+        m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
         QVERIFY(m_sim.waitForStarted());
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("com.nilo.mcu")), 10000);
-        startProgram(m_host, QStringLiteral(HOST_EXECUTABLE), QStringList());
+        m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
         QVERIFY(m_host.waitForStarted());
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("nilo.TunerHost")), 15000);
 
@@ -47,7 +45,7 @@ private slots:
             QProcess search;
             search.start(QStringLiteral("xdotool"), {"search", "--sync", "--name", "^Nilo tuner$"});
             QVERIFY(search.waitForFinished(10000));
-            m_window = QString::fromLatin1(search.readAllStandardOutput().split('\n').value(0));
+            m_window = QString::fromLatin1(search.readAllStandardOutput()).section(QLatin1Char('\n'), 0, 0);
             QVERIFY2(!m_window.isEmpty(), "the host's window is not on the X server");
         }
     }
@@ -176,7 +174,6 @@ private slots:
         const QPoint options = centreOf(QStringLiteral("Key_0025_option_menu"));
         pointer("tap", options);
         QTRY_COMPARE(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio-Optionen"));
-        QVERIFY(!setLanguage("xx"));
         QVERIFY(setLanguage("en"));
         QCOMPARE(text(QStringLiteral("Txt_0453_title")), QStringLiteral("Radio Options"));
         const QPoint back = centreOf(QStringLiteral("Key_0375_back"));
@@ -223,8 +220,7 @@ private:
         if (touch == "release" || touch == "tap")
             xdotool << "mouseup" << "1";
         QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), xdotool), 0);
-        // The server has the input; give the host a turn to take it before the
-        // next look at its widgets (there is no signal for that).
+        // No signal tells when the host has taken the server's input: give it a turn.
         QTest::qWait(100);
     }
 

@@ -1,7 +1,6 @@
 // radio.conf survives a writer killed at any point: every kill leaves a file
 // that parses, with every group and key.
 
-#include "emulator.h"
 #include "teststate.h"
 
 #include <QtTest>
@@ -53,11 +52,10 @@ private slots:
     {
         TestState state;
         QStringList keys; // every key of the first whole file: 7 of Tune, 76 of Freq
-        int writesSeen = 0;
         for (int kill = 0; kill < kKills; ++kill) {
             QProcess writer;
             writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-            startProgram(writer, QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)});
+            writer.start(QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)});
             QVERIFY(writer.waitForStarted());
             // Killed after a random number of its writes, somewhere inside the next one.
             const int writes = QRandomGenerator::global()->bounded(1, 12);
@@ -70,7 +68,6 @@ private slots:
             }
             writer.kill();
             writer.waitForFinished();
-            writesSeen += seen;
 
             QSettings conf(state.radioConf(), QSettings::IniFormat);
             QCOMPARE(conf.status(), QSettings::NoError);
@@ -80,7 +77,6 @@ private slots:
             }
             QVERIFY2(conf.allKeys() == keys, qPrintable(QStringLiteral("kill %1 left other keys").arg(kill)));
         }
-        qInfo("%d kills over %d completed rewrites: the file parsed whole every time", kKills, writesSeen);
     }
 };
 

@@ -130,11 +130,12 @@ bool HostShell::sourceKey(const QString &source, int code, int phase)
 
 bool HostShell::setLanguage(const QString &language)
 {
-    if (!Translator::setLanguage(language))
-        return false;
+    // A window switches the catalogue itself and then retranslates.
     if (m_window)
         m_window->setTranslation(language);
-    return true;
+    else
+        Translator::setLanguage(language);
+    return Translator::language() == language;
 }
 
 bool HostShell::windowKey(int code, int phase)

@@ -3,23 +3,34 @@
 #include "busaddress.h"
 
 #include <QDBusConnectionInterface>
-#include <QSet>
+#include <QDBusPendingCallWatcher>
+#include <QHash>
+#include <QThread>
+
+#include <algorithm>
 
 namespace tuner::bus {
 
 namespace {
 
-// Unique bus names of owners that let a batch run out.
-QSet<QString> &unresponsiveOwners()
+enum class OwnerState { Late, Unresponsive };
+
+// Unique bus names of owners that kept a batch waiting or let one run out.
+QHash<QString, OwnerState> &slowOwners()
 {
-    static QSet<QString> owners;
+    static QHash<QString, OwnerState> owners;
     return owners;
 }
 
+// Replies are taken in by the bus connection's own thread; waiting for them
+// needs no event loop here, so nothing else runs in the middle of a read.
+constexpr unsigned long kPollMicroseconds = 500;
+
 } // namespace
 
-ReplyBatch::ReplyBatch(QDBusAbstractInterface *proxy)
-    : m_proxy(proxy)
+ReplyBatch::ReplyBatch(QDBusAbstractInterface *proxy, QObject *parent)
+    : QObject(parent)
+    , m_proxy(proxy)
     , m_savedTimeout(proxy->timeout())
 {
     if (QDBusConnectionInterface *daemon = proxy->connection().interface()) {
@@ -27,42 +38,90 @@ ReplyBatch::ReplyBatch(QDBusAbstractInterface *proxy)
         if (owner.isValid())
             m_owner = owner.value();
     }
-    const bool knownUnresponsive = !m_owner.isEmpty() && unresponsiveOwners().contains(m_owner);
-    proxy->setTimeout(knownUnresponsive ? kCallTimeoutMs : kDeadlineMs);
+    const auto known = slowOwners().constFind(m_owner);
+    const bool unresponsive = known != slowOwners().cend() && *known == OwnerState::Unresponsive;
+    proxy->setTimeout(unresponsive ? kCallTimeoutMs : kDeadlineMs);
+    m_sent.start();
 }
 
 ReplyBatch::~ReplyBatch()
 {
-    if (m_open)
-        collect();
+    close();
 }
 
-QStringList ReplyBatch::collect()
+void ReplyBatch::close()
 {
+    if (!m_open)
+        return;
+    m_open = false;
+    m_proxy->setTimeout(m_savedTimeout);
+}
+
+bool ReplyBatch::allFinished() const
+{
+    return std::all_of(m_calls.cbegin(), m_calls.cend(), [](const Call &c) { return c.call.isFinished(); });
+}
+
+bool ReplyBatch::waitUntil(const QDeadlineTimer &deadline)
+{
+    close();
+    if (m_owner.isEmpty() || !slowOwners().contains(m_owner)) {
+        while (!allFinished() && !deadline.hasExpired())
+            QThread::usleep(kPollMicroseconds);
+    }
+    const bool finished = allFinished();
+    if (!finished && !m_owner.isEmpty() && !slowOwners().contains(m_owner))
+        slowOwners().insert(m_owner, OwnerState::Late);
+    return finished;
+}
+
+void ReplyBatch::whenFinished(std::function<void(const QStringList &)> done)
+{
+    close();
+    m_done = std::move(done);
+    if (allFinished()) {
+        finish();
+        return;
+    }
+    for (const Call &c : qAsConst(m_calls)) {
+        if (c.call.isFinished())
+            continue;
+        auto *watcher = new QDBusPendingCallWatcher(c.call, this);
+        connect(watcher, &QDBusPendingCallWatcher::finished, this, [this] {
+            if (allFinished())
+                finish();
+        });
+    }
+}
+
+void ReplyBatch::finish()
+{
+    if (m_finished)
+        return;
+    m_finished = true;
     QStringList failed;
     bool timedOut = false;
-    for (Call &c : m_calls) {
-        c.call.waitForFinished();
+    for (const Call &c : qAsConst(m_calls)) {
         if (!c.call.isError())
             continue;
         failed.append(QLatin1String(c.getter));
-        const QDBusError::ErrorType type = c.call.error().type();
-        timedOut = timedOut || type == QDBusError::NoReply || type == QDBusError::Timeout;
+        timedOut = timedOut || isTimeout(c.call.error().type());
     }
     if (!m_owner.isEmpty()) {
         if (timedOut)
-            unresponsiveOwners().insert(m_owner);
-        else if (failed.isEmpty())
-            unresponsiveOwners().remove(m_owner);
+            slowOwners().insert(m_owner, OwnerState::Unresponsive);
+        else if (m_sent.elapsed() > kBlockingWaitMs)
+            slowOwners().insert(m_owner, OwnerState::Late);
+        else
+            slowOwners().remove(m_owner);
     }
-    m_proxy->setTimeout(m_savedTimeout);
-    m_open = false;
-    return failed;
+    if (m_done)
+        m_done(failed);
 }
 
 void ReplyBatch::forgetUnresponsiveServices()
 {
-    unresponsiveOwners().clear();
+    slowOwners().clear();
 }
 
 } // namespace tuner::bus

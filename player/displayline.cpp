@@ -56,10 +56,28 @@ bool DisplayLine::turnToPage()
     return true;
 }
 
+void DisplayLine::mirror(QLabel *mode1Label, QLabel *page2Label, const QString &text)
+{
+    if (QLabel *label = pick(mode1Label, page2Label))
+        label->setText(text);
+    if (mode() == 1)
+        page2Label->setText(text);
+}
+
 void DisplayLine::showFrequency(const QString &text)
 {
     if (turnToPage())
-        freq()->setText(text);
+        setFrequencyText(text);
+}
+
+void DisplayLine::setFrequencyText(const QString &text)
+{
+    mirror(ui->Txt_0035_rds_freq, ui->Txt_0019_rds_freq, text);
+}
+
+void DisplayLine::showUnit(const QString &text)
+{
+    mirror(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit, text);
 }
 
 } // namespace tuner

@@ -25,10 +25,17 @@ public:
     QLabel *tpIcon() const;
     // Turns to the mode's page; false for an unknown mode.
     bool turnToPage();
+    // Turns to the mode's page and shows the frequency there.
     void showFrequency(const QString &text);
+    // The same, on whichever page is up.
+    void setFrequencyText(const QString &text);
+    void showUnit(const QString &text);
 
 private:
     QLabel *pick(QLabel *mode1, QLabel *mode0) const;
+    // In mode 1 a traffic announcement or alarm turns to page_tuner_02, which
+    // stays up after it until the next report: its labels follow mode 1's.
+    void mirror(QLabel *mode1Label, QLabel *page2Label, const QString &text);
 
     Ui::c20_003_tuner *ui;
 };

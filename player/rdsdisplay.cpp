@@ -87,10 +87,9 @@ void RdsDisplay::showStatus(int state, int lastFreq)
     }
     Preferences::getInstance()->setCurRdsName(QString());
     hide({rds, tp, name});
-    if (QLabel *freq = m_line.freq()) {
+    if (QLabel *freq = m_line.freq())
         freq->show();
-        freq->setText(m_dial.text(lastFreq));
-    }
+    m_line.setFrequencyText(m_dial.text(lastFreq));
     if (m_line.mode() == 0)
         ui->Txt_0020_rds_unit->show();
 }

@@ -88,28 +88,34 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge)
     m_initialised = true;
 }
 
-// The getters go out together and are collected under one deadline; what
-// could not be read is taken from the tuner's own state.
+// The getters go out together. Until they are all in (the UI thread waits
+// only a moment), the screen shows the tuner's own state for what is missing.
 void TunerPlayer::synchronise()
 {
     namespace check = radiocheck;
-    bus::ReplyBatch batch(m_radio);
-    const auto bandId = batch.add(m_radio->freqBandId(), "freqBandId");
-    const auto ptyType = batch.add(m_radio->ptyType(), "ptyType");
-    const auto ptyName = batch.add(m_radio->rdsName(), "rdsName");
-    const auto workState = batch.add(m_radio->workStateType(), "workStateType");
-    const QStringList failed = batch.collect();
-    if (!failed.isEmpty())
-        TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", ")) << "; the tuner's own state is shown.";
-
-    Preferences *p = prefs();
-    m_lastFreq = p->playFreq();
-    onFrequencyChanged(m_lastFreq, bandId.ok() ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
-    if (ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))
-        onPtyChanged(ptyType.value(), check::name(ptyName.value(), "rdsName"));
-    onstatusChanged(p->rdsState());
-    onRdsName(p->curRdsName());
-    onWorkStatus(workState.ok() ? check::workStatus(workState.value()) : p->workState());
+    auto *batch = new bus::ReplyBatch(m_radio, this);
+    const auto bandId = batch->add(m_radio->freqBandId(), "freqBandId");
+    const auto ptyType = batch->add(m_radio->ptyType(), "ptyType");
+    const auto ptyName = batch->add(m_radio->rdsName(), "rdsName");
+    const auto workState = batch->add(m_radio->workStateType(), "workStateType");
+    const auto show = [=] {
+        Preferences *p = prefs();
+        m_lastFreq = p->playFreq();
+        onFrequencyChanged(m_lastFreq, bandId.ok() ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
+        if (ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))
+            onPtyChanged(ptyType.value(), check::name(ptyName.value(), "rdsName"));
+        onstatusChanged(p->rdsState());
+        onRdsName(p->curRdsName());
+        onWorkStatus(workState.ok() ? check::workStatus(workState.value()) : p->workState());
+    };
+    if (!batch->waitUntil(QDeadlineTimer(bus::ReplyBatch::kBlockingWaitMs)))
+        show();
+    batch->whenFinished([=](const QStringList &failed) {
+        if (!failed.isEmpty())
+            TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", ")) << "; the tuner's own state is shown.";
+        show();
+        batch->deleteLater();
+    });
 }
 
 TunerPlayer::~TunerPlayer()
@@ -206,8 +212,7 @@ void TunerPlayer::showBandFamily(bool fm)
 
 void TunerPlayer::showUnit(bool fm)
 {
-    if (QLabel *unit = m_line.unit())
-        unit->setText(Translator::translate(fm ? 40 : 50));
+    m_line.showUnit(Translator::translate(fm ? 40 : 50));
 }
 
 void TunerPlayer::retranslate()
@@ -609,8 +614,7 @@ void TunerPlayer::onSerchTimer() {}
 
 void TunerPlayer::showRdsUnit()
 {
-    if (QLabel *unit = m_line.unit())
-        unit->setText(Translator::translate(prefs()->isFM() ? 40 : 50));
+    showUnit(prefs()->isFM());
 }
 
 void TunerPlayer::onPtyChanged(int pty, QString)

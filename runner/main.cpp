@@ -54,6 +54,10 @@ QString defaultPlugin()
 
 int main(int argc, char *argv[])
 {
+    // The host draws with the raster engine only: the xcb platform would load
+    // the machine's GLX (Mesa) for nothing.
+    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
+        qputenv("QT_XCB_GL_INTEGRATION", "none");
     QApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("nilo-tuner-host"));
     cm::applyTheme(app);

@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
+#include <QVector>
 
 #include <algorithm>
 #include <cerrno>
@@ -18,23 +20,10 @@ namespace {
 
 const QByteArray kGeneral = QByteArrayLiteral("General");
 
-// "Freq/FM0/CurrFreq" lives in section "Freq" as "FM0\CurrFreq"; a key with
-// no group in "General".
-QPair<QByteArray, QByteArray> splitKey(const QString &key)
-{
-    const QByteArray path = key.toLatin1();
-    const int slash = path.indexOf('/');
-    if (slash < 0)
-        return {kGeneral, path};
-    QByteArray rest = path.mid(slash + 1);
-    rest.replace('/', '\\');
-    return {path.left(slash), rest};
-}
-
-bool isBinary(char c)
+bool isControl(char c)
 {
     const auto u = static_cast<unsigned char>(c);
-    return (u < 0x20 && c != '\t' && c != '\r' && c != '\n') || u == 0x7F;
+    return (u < 0x20 && c != '\t') || u == 0x7F;
 }
 
 QByteArray unquoted(const QByteArray &raw)
@@ -42,6 +31,85 @@ QByteArray unquoted(const QByteArray &raw)
     if (raw.size() >= 2 && raw.startsWith('"') && raw.endsWith('"'))
         return raw.mid(1, raw.size() - 2);
     return raw;
+}
+
+// A key or section name as QSettings reads it: '\' separates groups.
+QByteArray unescapedKey(QByteArray key)
+{
+    key = key.trimmed();
+    key.replace('\\', '/');
+    return key;
+}
+
+// The value up to a ';' comment outside quotes, without blanks at the ends.
+QByteArray valueOf(const QByteArray &text)
+{
+    bool quoted = false;
+    int end = 0;
+    for (; end < text.size(); ++end) {
+        const char c = text.at(end);
+        if (c == '"')
+            quoted = !quoted;
+        else if (c == '\\')
+            ++end;
+        else if (c == ';' && !quoted)
+            break;
+    }
+    return text.left(end).trimmed();
+}
+
+struct ParsedIni
+{
+    QHash<QByteArray, QByteArray> values;
+    int junkLines = 0; // lines QSettings skips: no key, or binary bytes
+};
+
+// QSettings' reading: a UTF-8 BOM is skipped, CR, LF and CRLF all end a
+// line, the lines of a section that appears more than once are read as one
+// section in file order, sections are then taken in order of their names,
+// and of a key given twice the later one counts.
+ParsedIni parseIni(QByteArray content)
+{
+    if (content.startsWith("\xEF\xBB\xBF"))
+        content.remove(0, 3);
+    QMap<QByteArray, QVector<QPair<QByteArray, QByteArray>>> sections; // "" is General
+    QVector<QPair<QByteArray, QByteArray>> *section = &sections[QByteArray()];
+    ParsedIni parsed;
+    int pos = 0;
+    while (pos < content.size()) {
+        int end = pos;
+        while (end < content.size() && content.at(end) != '\n' && content.at(end) != '\r')
+            ++end;
+        const QByteArray line = content.mid(pos, end - pos).trimmed();
+        pos = end + 1;
+        if (line.isEmpty() || line.startsWith(';'))
+            continue;
+        if (std::any_of(line.cbegin(), line.cend(), isControl)) {
+            ++parsed.junkLines;
+            continue;
+        }
+        if (line.startsWith('[')) {
+            const int close = line.indexOf(']');
+            QByteArray name = unescapedKey(line.mid(1, close < 0 ? -1 : close - 1));
+            if (name == kGeneral)
+                name.clear();
+            section = &sections[name];
+            continue;
+        }
+        const int equals = line.indexOf('=');
+        if (equals <= 0) {
+            if (!line.startsWith('#'))
+                ++parsed.junkLines;
+            continue;
+        }
+        section->append(qMakePair(unescapedKey(line.left(equals)), valueOf(line.mid(equals + 1))));
+    }
+    for (auto it = sections.cbegin(); it != sections.cend(); ++it) {
+        const QByteArray prefix = it.key().isEmpty() ? QByteArray() : it.key() + '/';
+        for (const auto &entry : it.value())
+            parsed.values.insert(prefix + entry.first, entry.second);
+    }
+    return parsed;
 }
 
 bool syncFolder(const QString &folder)
@@ -71,8 +139,18 @@ IniFile::~IniFile()
     flush();
 }
 
+QString IniFile::temporaryPath() const
+{
+    return m_path + QLatin1String(".tmp");
+}
+
 void IniFile::load()
 {
+    // A rewrite of ours that a power loss interrupted; the file itself is whole.
+    if (QFileInfo(temporaryPath()).isFile()) {
+        TUNER_WAR() << temporaryPath() << "was left by an interrupted write; removed.";
+        QFile::remove(temporaryPath());
+    }
     const QFileInfo info(m_path);
     if (!info.exists())
         return;
@@ -91,11 +169,15 @@ void IniFile::load()
         TUNER_WAR() << m_path << "cannot be read:" << file.errorString() << "; defaults are used.";
         return;
     }
-    const QByteArray content = file.read(kMaxFileBytes + 1);
+    ParsedIni parsed = parseIni(file.read(kMaxFileBytes + 1));
     file.close();
-    if (parse(content))
+    // Only a file of which nothing at all reads as a key is not the tuner's
+    // data (binary garbage, UTF-16, prose).
+    if (!parsed.values.isEmpty() || parsed.junkLines == 0) {
+        m_values = std::move(parsed.values);
+        m_onDisk = serialise();
         return;
-    m_sections.clear();
+    }
     const QString aside = m_path + QLatin1String(".corrupt");
     QFile::remove(aside);
     if (QFile::rename(m_path, aside))
@@ -104,78 +186,19 @@ void IniFile::load()
         TUNER_WAR() << m_path << "is not a valid INI file and cannot be moved aside; it will be replaced.";
 }
 
-bool IniFile::parse(const QByteArray &content)
-{
-    if (std::any_of(content.cbegin(), content.cend(), isBinary))
-        return false;
-    Section *section = nullptr;
-    for (QByteArray line : content.split('\n')) {
-        line = line.trimmed();
-        if (line.isEmpty() || line.startsWith(';') || line.startsWith('#'))
-            continue;
-        if (line.startsWith('[')) {
-            if (!line.endsWith(']'))
-                return false;
-            const QByteArray name = line.mid(1, line.size() - 2).trimmed();
-            auto it = std::find_if(m_sections.begin(), m_sections.end(), [&](const Section &s) { return s.name == name; });
-            if (it == m_sections.end()) {
-                m_sections.append(Section{name, {}});
-                it = m_sections.end() - 1;
-            }
-            section = &*it;
-            continue;
-        }
-        const int equals = line.indexOf('=');
-        if (equals <= 0)
-            return false;
-        if (!section) {
-            m_sections.append(Section{kGeneral, {}});
-            section = &m_sections.last();
-        }
-        QByteArray key = line.left(equals).trimmed();
-        key.replace('/', '\\');
-        section->entries.append(qMakePair(key, line.mid(equals + 1).trimmed()));
-    }
-    return true;
-}
-
 const QByteArray *IniFile::rawValue(const QString &key) const
 {
-    const QPair<QByteArray, QByteArray> split = splitKey(key);
-    const QByteArray &sectionName = split.first;
-    const QByteArray &entryKey = split.second;
-    for (const Section &section : m_sections) {
-        if (section.name != sectionName)
-            continue;
-        // The last of duplicated keys wins, as for QSettings.
-        for (auto it = section.entries.crbegin(); it != section.entries.crend(); ++it) {
-            if (it->first == entryKey)
-                return &it->second;
-        }
-    }
-    return nullptr;
+    const auto it = m_values.constFind(key.toLatin1());
+    return it == m_values.cend() ? nullptr : &*it;
 }
 
 void IniFile::setRaw(const QString &key, const QByteArray &value)
 {
-    const QPair<QByteArray, QByteArray> split = splitKey(key);
-    const QByteArray &sectionName = split.first;
-    const QByteArray &entryKey = split.second;
-    auto section = std::find_if(m_sections.begin(), m_sections.end(),
-                                [&](const Section &s) { return s.name == sectionName; });
-    if (section == m_sections.end()) {
-        m_sections.append(Section{sectionName, {}});
-        section = m_sections.end() - 1;
-    }
-    auto entry = std::find_if(section->entries.begin(), section->entries.end(),
-                              [&](const QPair<QByteArray, QByteArray> &e) { return e.first == entryKey; });
-    if (entry != section->entries.end()) {
-        if (entry->second == value)
-            return;
-        entry->second = value;
-    } else {
-        section->entries.append(qMakePair(entryKey, value));
-    }
+    const QByteArray fileKey = key.toLatin1();
+    const auto it = m_values.constFind(fileKey);
+    if (it != m_values.cend() && *it == value)
+        return;
+    m_values.insert(fileKey, value);
     m_dirty = true;
     if (m_writable && !m_flushTimer.isActive())
         m_flushTimer.start();
@@ -267,25 +290,26 @@ QByteArray IniFile::escapedString(const QString &text)
     return result;
 }
 
-// Sections and keys in QSettings' own order: "General" first, the rest sorted.
+// Sections and keys in QSettings' own order: "General" first, the rest
+// sorted; the first part of a path is the section, the rest is written with '\'.
 QByteArray IniFile::serialise() const
 {
-    QVector<Section> sections = m_sections;
-    std::sort(sections.begin(), sections.end(), [](const Section &a, const Section &b) {
-        if ((a.name == kGeneral) != (b.name == kGeneral))
-            return a.name == kGeneral;
-        return a.name < b.name;
-    });
+    QMap<QByteArray, QVector<QPair<QByteArray, QByteArray>>> sections;
+    for (auto it = m_values.cbegin(); it != m_values.cend(); ++it) {
+        const int slash = it.key().indexOf('/');
+        QByteArray section = slash < 0 ? QByteArray() : it.key().left(slash);
+        QByteArray key = it.key().mid(slash + 1);
+        key.replace('/', '\\');
+        sections[section].append(qMakePair(key, it.value()));
+    }
     QByteArray out;
-    for (Section &section : sections) {
-        if (section.entries.isEmpty())
-            continue;
-        std::stable_sort(section.entries.begin(), section.entries.end(),
-                         [](const auto &a, const auto &b) { return a.first < b.first; });
+    for (auto it = sections.begin(); it != sections.end(); ++it) {
+        auto &entries = it.value();
+        std::sort(entries.begin(), entries.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
         if (!out.isEmpty())
             out += '\n';
-        out += '[' + section.name + "]\n";
-        for (const auto &entry : section.entries)
+        out += '[' + (it.key().isEmpty() ? kGeneral : it.key()) + "]\n";
+        for (const auto &entry : entries)
             out += entry.first + '=' + entry.second + '\n';
     }
     return out;
@@ -298,7 +322,7 @@ bool IniFile::writeAtomically(const QByteArray &content)
         TUNER_WAR() << folder << "cannot be created.";
         return false;
     }
-    const QString temporary = m_path + QLatin1String(".tmp");
+    const QString temporary = temporaryPath();
     QFile file(temporary);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         TUNER_WAR() << temporary << "cannot be written:" << file.errorString();
@@ -320,7 +344,12 @@ bool IniFile::flush()
     m_flushTimer.stop();
     if (!m_dirty || !m_writable)
         return !m_dirty;
-    if (!writeAtomically(serialise())) {
+    const QByteArray content = serialise();
+    if (content == m_onDisk) {
+        m_dirty = false;
+        return true;
+    }
+    if (!writeAtomically(content)) {
         if (!m_writeFailed)
             TUNER_WAR() << m_path << "keeps its changes in memory until a write succeeds.";
         m_writeFailed = true;
@@ -328,6 +357,7 @@ bool IniFile::flush()
     }
     m_writeFailed = false;
     m_dirty = false;
+    m_onDisk = content;
     ++m_rewrites;
     return true;
 }

@@ -1,18 +1,19 @@
 #pragma once
 
-#include <QMap>
+#include <QHash>
 #include <QObject>
 #include <QTimer>
-#include <QVector>
 
 namespace tuner {
 
 // One INI file held in memory, in the layout QSettings reads and writes
-// ("[Freq]" / "FM0\CurrFreq=8750"). It is checked and read once; setters
-// change memory only, and only when the value really changes. Changes of one
-// burst are written together, shortly after, as one atomic synced rewrite
-// (temporary file, fdatasync, rename), so a power loss leaves either the old
-// or the new file and never a torn one.
+// ("[Freq]" / "FM0\CurrFreq=8750"). It is read once, as QSettings reads it
+// (a UTF-8 BOM, any line ends, repeated keys and groups with QSettings' rule
+// for which one counts); setters change memory only. Changes of one burst are
+// written together, shortly after, in QSettings' own layout, as one atomic
+// synced rewrite (temporary file, fdatasync, rename), so a power loss leaves
+// either the old or the new file and never a torn one. A rewrite that would
+// not change what the file says is skipped.
 class IniFile : public QObject
 {
     Q_OBJECT
@@ -50,21 +51,19 @@ public:
     static QByteArray escapedString(const QString &text);
 
 private:
-    struct Section
-    {
-        QByteArray name;
-        QVector<QPair<QByteArray, QByteArray>> entries; // key (with '\'), value as stored
-    };
-
     void load();
-    bool parse(const QByteArray &content);
     void setRaw(const QString &key, const QByteArray &value);
     const QByteArray *rawValue(const QString &key) const;
     QByteArray serialise() const;
     bool writeAtomically(const QByteArray &content);
+    QString temporaryPath() const;
 
     QString m_path;
-    QVector<Section> m_sections;
+    // Full QSettings key ("Freq/FM0/CurrFreq") to the value as stored.
+    QHash<QByteArray, QByteArray> m_values;
+    // What the file says, in the layout this class writes: a rewrite that
+    // would produce it again is skipped.
+    QByteArray m_onDisk;
     bool m_writable = true;
     bool m_dirty = false;
     bool m_writeFailed = false;

@@ -62,8 +62,16 @@ class tst_BusProtocol : public QObject
 private slots:
     void init()
     {
+        // The bus tells this connection of the last test's owner leaving and
+        // of the new one coming; a signal that arrived while the connection
+        // still knew the old owner would be dropped.
+        QDBusServiceWatcher watcher(QLatin1String(tuner::bus::kMcuService), QDBusConnection::sessionBus(),
+                                    QDBusServiceWatcher::WatchForOwnerChange);
+        QSignalSpy owners(&watcher, &QDBusServiceWatcher::serviceOwnerChanged);
         m_fakes = std::make_unique<FakeServices>();
         QVERIFY(m_fakes->start());
+        const QString owner = m_fakes->connection().baseService();
+        QTRY_VERIFY(std::any_of(owners.cbegin(), owners.cend(), [&](const QList<QVariant> &change) { return change.at(2) == owner; }));
         m_proxies = std::make_unique<Proxies>();
     }
 

@@ -3,6 +3,7 @@
 // service's start-up lists, and bad input that must neither crash nor index
 // past the preset tables.
 
+#include "inifile.h"
 #include "teststate.h"
 #include "translator.h"
 
@@ -435,6 +436,71 @@ private slots:
             QVERIFY(aside.open(QIODevice::ReadOnly));
             QCOMPARE(aside.readAll(), old);
         }
+    }
+
+    // Files written by other tools (a Windows editor, an older tuner) are
+    // the driver's data wherever QSettings reads them: nothing is moved
+    // aside, every key reads as QSettings reads it, and a store replaces what
+    // reading takes. A rewrite of ours that a power loss cut short is removed.
+    void filesAreReadAsQSettingsReadsThem_data()
+    {
+        QTest::addColumn<bool>("radioConf"); // else settings.ini
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("movedAside");
+        const QByteArray presets = "[Freq]\nFM0\\preset_0=9550\nFM0\\preset_1=9990\n[Tune]\nCurrBand=0\n";
+        QTest::newRow("UTF-8 BOM") << true << "\xEF\xBB\xBF" + presets << false;
+        QTest::newRow("CR-only line ends") << true << QByteArray(presets).replace('\n', '\r') << false;
+        QTest::newRow("CRLF line ends") << true << QByteArray(presets).replace("\n", "\r\n") << false;
+        QTest::newRow("key three times, group twice, comments") << true
+            << QByteArray("[Freq]\nFM0\\preset_0=8800\nFM0\\preset_0=9000 ; old\n# factory\n[Tune]\nLocal=true\n"
+                          "[Freq]\nFM0\\preset_0=9550\njunk without a key\n") << false;
+        QTest::newRow("a group written as a section") << true
+            << QByteArray("[Freq\\FM0]\npreset_0=9550\n[Freq]\nFM0\\preset_0=8800\nFM0/preset_1=9000\n") << false;
+        QByteArray many = presets;
+        for (int i = 0; i < 50000; ++i)
+            many += "[G" + QByteArray::number(i) + "]\nk=" + QByteArray::number(i) + '\n';
+        QTest::newRow("50 000 groups") << true << many << false;
+        QTest::newRow("settings.ini, BOM and CRLF") << false << QByteArray("\xEF\xBB\xBF[Tuner]\r\nrdsName=NDR 2\r\n") << false;
+        QTest::newRow("settings.ini in UTF-16: unreadable") << false
+            << QByteArray("\xFF\xFE[\0T\0u\0n\0e\0r\0]\0\r\0\n\0r\0d\0s\0N\0a\0m\0e\0=\0X\0\r\0\n\0", 40) << true;
+    }
+
+    void filesAreReadAsQSettingsReadsThem()
+    {
+        QFETCH(bool, radioConf);
+        QFETCH(QByteArray, content);
+        QFETCH(bool, movedAside);
+        TestState state;
+        const QString path = radioConf ? state.radioConf() : state.settingsIni();
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        for (const auto &[name, bytes] : {std::pair(path, content), std::pair(path + ".tmp", QByteArray("[Freq"))}) {
+            QFile file(name);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(bytes);
+        }
+        const auto readByQSettings = [&path] {
+            QSettings settings(path, QSettings::IniFormat);
+            QVariantMap values;
+            for (const QString &key : settings.allKeys())
+                values.insert(key, settings.value(key));
+            return values;
+        };
+        QVariantMap expected = movedAside ? QVariantMap() : readByQSettings();
+
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("left by an interrupted write; removed"));
+        if (movedAside)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("not a valid INI file; moved aside"));
+        IniFile file(path);
+        QVERIFY(!QFile::exists(path + ".tmp"));
+        QCOMPARE(QFile::exists(path + ".corrupt"), movedAside);
+        for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+            QCOMPARE(file.plainText(it.key()), it.value().toString());
+
+        const QString key = radioConf ? QStringLiteral("Freq/FM0/preset_0") : QStringLiteral("Tuner/rdsName");
+        file.setValue(key, QStringLiteral("10000"));
+        QVERIFY(file.flush());
+        expected.insert(key, QStringLiteral("10000"));
+        QCOMPARE(readByQSettings(), expected);
     }
 
     void writesOnlyChangesAndABurstAtOnce()

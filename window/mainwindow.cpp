@@ -7,8 +7,8 @@
 #include "mainwidget.h"
 #include "mcumanager.h"
 #include "preferences.h"
-#include "radiochecks.h"
 #include "radioedge.h"
+#include "radiostateread.h"
 #include "settingsutil.h"
 #include "tunerfunction.h"
 #include "tunerkeys.h"
@@ -53,6 +53,7 @@ MainWindow::MainWindow(QObject *parent)
     , m_radioEdge(new RadioEdge(m_radio, this))
     , m_mcu(bus::createMcuProxy(this))
     , m_source(bus::createSourceProxy(this))
+    , m_stateRead(new RadioStateRead(m_radio, *this, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
@@ -69,8 +70,9 @@ MainWindow::MainWindow(QObject *parent)
     connect(m_radioEdge, SIGNAL(ProgramName(QString)), this, SLOT(onRdsName(QString)));
     connect(m_source, SIGNAL(windowAndSourceChanged(int,int)), this, SLOT(onSourceChange(int,int)));
     connect(m_radioEdge, SIGNAL(serviceAppeared()), this, SLOT(onRadioServiceAppeared()));
+    connect(m_stateRead, SIGNAL(fed()), this, SLOT(onRadioStateFed()));
 
-    loadInitialState();
+    m_stateRead->start(bus::ReplyBatch::kBlockingWaitMs);
 }
 
 MainWindow::~MainWindow()
@@ -80,73 +82,14 @@ MainWindow::~MainWindow()
         delete m_mainWidget;
 }
 
-// The getters go out together, in this order, and are collected under one
-// deadline; their results go through the same slots as the service's signals.
-// A group whose read failed is not fed: what radio.conf holds stays, and no
-// command is derived from a default.
-void MainWindow::loadInitialState()
-{
-    namespace check = radiocheck;
-    bus::ReplyBatch batch(m_radio);
-    const auto bandSwitch = batch.add(m_radio->bandSwitch(), "bandSwitch");
-    const auto bandId = batch.add(m_radio->bandId(), "bandId");
-    const auto fmList = batch.add(m_radio->fmList(), "fmList");
-    const auto amList = batch.add(m_radio->amList(), "amList");
-    const auto fmMax = batch.add(m_radio->fmMaxFreq(), "fmMaxFreq");
-    const auto fmMin = batch.add(m_radio->fmMinFreq(), "fmMinFreq");
-    const auto fmStep = batch.add(m_radio->fmStep(), "fmStep");
-    const auto amMax = batch.add(m_radio->amMaxFreq(), "amMaxFreq");
-    const auto amMin = batch.add(m_radio->amMinFreq(), "amMinFreq");
-    const auto amStep = batch.add(m_radio->amStep(), "amStep");
-    const auto bandCurFreq = batch.add(m_radio->bandCurFreq(), "bandCurFreq");
-    const auto bandPos = batch.add(m_radio->bandPos(), "bandPos");
-    const auto local = batch.add(m_radio->initLocal(), "initLocal");
-    const auto regional = batch.add(m_radio->initRegional(), "initRegional");
-    const auto aftaList = batch.add(m_radio->initAfTaList(), "initAfTaList");
-    const auto afta = batch.add(m_radio->initAfTa(), "initAfTa");
-    const auto psName1 = batch.add(m_radio->initPsName1(), "initPsName1");
-    const auto psName2 = batch.add(m_radio->initPsName2(), "initPsName2");
-    const auto piTp = batch.add(m_radio->piTpStatus(), "piTpStatus");
-    const auto programName = batch.add(m_radio->rdsProgramName(), "rdsProgramName");
-    const auto rdsState = batch.add(m_radio->RDSstate(), "RDSstate");
-    const QStringList failed = batch.collect();
-    if (!failed.isEmpty())
-        TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", "))
-                    << "; the stored state is kept for those.";
-
-    const bool tuningRead = bandSwitch.ok() && bandId.ok() && fmList.ok() && amList.ok() && fmMax.ok()
-                            && fmMin.ok() && fmStep.ok() && amMax.ok() && amMin.ok() && amStep.ok()
-                            && bandCurFreq.ok() && bandPos.ok() && local.ok() && regional.ok();
-    if (tuningRead) {
-        check::InitData d{bandSwitch.value(), bandId.value(), fmList.value(), amList.value(), fmMax.value(),
-                   fmMin.value(), fmStep.value(), amMax.value(), amMin.value(), amStep.value(),
-                   bandCurFreq.value(), bandPos.value(), local.value(), regional.value()};
-        check::initData(d);
-        onInitDate(d.bandSwitch, d.bandId, d.fmList, d.amList, 0, 0, 0, 0, 0, d.fmMax, d.fmMin, d.fmStep, d.amMax,
-                   d.amMin, d.amStep, d.bandCurFreq, d.bandPos, d.local, d.regional);
-    } else {
-        prefs()->restoreStoredTuning();
-    }
-    if (aftaList.ok() && afta.ok())
-        onAftaState(check::list(aftaList.value(), check::kMaxFmPresets, "initAfTaList"), afta.value());
-    else
-        prefs()->restoreStoredAfTa();
-    if (psName1.ok())
-        onPsName1(check::nameList(psName1.value(), check::kMaxPsName1Items, "initPsName1"));
-    if (psName2.ok())
-        onPsName2(check::nameList(psName2.value(), check::kMaxPsName2Items, "initPsName2"));
-    if (piTp.ok())
-        onPiTpStatus(piTp.value());
-    if (programName.ok())
-        onRdsName(check::name(programName.value(), "rdsProgramName"));
-    if (rdsState.ok())
-        onstatusChanged(check::rdsStatus(rdsState.value()));
-}
-
 // A service that appeared after the tuner, or restarted, is read as at start-up.
 void MainWindow::onRadioServiceAppeared()
 {
-    loadInitialState();
+    m_stateRead->start(bus::ReplyBatch::kBlockingWaitMs);
+}
+
+void MainWindow::onRadioStateFed()
+{
     if (m_mainWidget)
         m_mainWidget->synchronise();
 }
@@ -183,15 +126,22 @@ void MainWindow::onCreate()
     connect(m_mainWidget, SIGNAL(destroyed()), this, SLOT(onDestroyObj()));
 }
 
-int MainWindow::currentWindow()
+int MainWindow::currentWindow(bool *timedOut)
 {
-    return bus::replyValue(m_source->currentWindow(), "currentWindow");
+    return bus::replyValue(m_source->currentWindow(), "currentWindow", timedOut);
 }
 
 void MainWindow::onDestroy()
 {
-    // A PTY search started from one of these windows is stopped with the window.
-    const bool searchWindow = currentWindow() == 9 || currentWindow() == 5 || currentWindow() == 3;
+    // A PTY search started from one of these windows is stopped with the
+    // window. A service that let one question run out is not asked again.
+    bool searchWindow = false;
+    bool timedOut = false;
+    for (const int window : {9, 5, 3}) {
+        searchWindow = currentWindow(&timedOut) == window;
+        if (searchWindow || timedOut)
+            break;
+    }
     if (searchWindow && prefs()->PTYSeachState() == kPtySearching)
         m_radio->terminate();
     g_TunerCurDSPL = DisplayNone;

@@ -14,6 +14,7 @@ namespace tuner {
 
 class MainWidget;
 class RadioEdge;
+class RadioStateRead;
 
 // The one object behind the tuner's window and both sources: owns the bus
 // proxies, keeps the preferences in step with the radio service, drives the
@@ -73,20 +74,21 @@ public slots:
 
 private slots:
     void onRadioServiceAppeared();
+    void onRadioStateFed();
 
 private:
-    void loadInitialState();
     void cancelInterrupt();
     bool serveAlwaysKey(int key, int phase);
     bool serveTunerKey(int key, int phase);
     void beep(int state);
-    int currentWindow();
+    int currentWindow(bool *timedOut = nullptr);
 
     MainWidget *m_mainWidget = nullptr;
     NiloRadioServiceInterface *m_radio;
     RadioEdge *m_radioEdge;
     NiloMcuServiceInterface *m_mcu;
     NiloSourceServiceInterface *m_source;
+    RadioStateRead *m_stateRead;
     bool m_active = false;
     QBasicTimer m_repeatTimer;
     int m_repeatKey = 0;

@@ -1,0 +1,129 @@
+#include "radiostateread.h"
+
+#include "busproxies.h"
+#include "busreply.h"
+#include "mainwindow.h"
+#include "preferences.h"
+#include "radiochecks.h"
+#include "tunerlog.h"
+
+namespace tuner {
+
+namespace {
+
+void warnUnanswered(const QStringList &failed)
+{
+    if (!failed.isEmpty())
+        TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", "))
+                    << "; the stored state is kept for those.";
+}
+
+} // namespace
+
+RadioStateRead::RadioStateRead(NiloRadioServiceInterface *radio, MainWindow &window, QObject *parent)
+    : QObject(parent)
+    , m_radio(radio)
+    , m_window(window)
+{
+}
+
+void RadioStateRead::start(int blockingMs)
+{
+    delete m_batch;
+    m_deadline = QDeadlineTimer(blockingMs);
+    m_late = false;
+    readTuning();
+}
+
+bus::ReplyBatch *RadioStateRead::newBatch()
+{
+    m_batch = new bus::ReplyBatch(m_radio, this);
+    return m_batch;
+}
+
+void RadioStateRead::useStoredState()
+{
+    m_late = true;
+    Preferences::getInstance()->restoreStoredTuning();
+    Preferences::getInstance()->restoreStoredAfTa();
+}
+
+// A group whose read failed is not fed: what radio.conf holds stays, and no
+// command is derived from a default.
+void RadioStateRead::readTuning()
+{
+    namespace check = radiocheck;
+    bus::ReplyBatch *batch = newBatch();
+    const auto bandSwitch = batch->add(m_radio->bandSwitch(), "bandSwitch");
+    const auto bandId = batch->add(m_radio->bandId(), "bandId");
+    const auto fmList = batch->add(m_radio->fmList(), "fmList");
+    const auto amList = batch->add(m_radio->amList(), "amList");
+    const auto fmMax = batch->add(m_radio->fmMaxFreq(), "fmMaxFreq");
+    const auto fmMin = batch->add(m_radio->fmMinFreq(), "fmMinFreq");
+    const auto fmStep = batch->add(m_radio->fmStep(), "fmStep");
+    const auto amMax = batch->add(m_radio->amMaxFreq(), "amMaxFreq");
+    const auto amMin = batch->add(m_radio->amMinFreq(), "amMinFreq");
+    const auto amStep = batch->add(m_radio->amStep(), "amStep");
+    const auto bandCurFreq = batch->add(m_radio->bandCurFreq(), "bandCurFreq");
+    const auto bandPos = batch->add(m_radio->bandPos(), "bandPos");
+    const auto local = batch->add(m_radio->initLocal(), "initLocal");
+    const auto regional = batch->add(m_radio->initRegional(), "initRegional");
+    const auto aftaList = batch->add(m_radio->initAfTaList(), "initAfTaList");
+    const auto afta = batch->add(m_radio->initAfTa(), "initAfTa");
+    if (!batch->waitUntil(m_deadline))
+        useStoredState();
+    batch->whenFinished([=](const QStringList &failed) {
+        warnUnanswered(failed);
+        Preferences *p = Preferences::getInstance();
+        const bool tuningRead = bandSwitch.ok() && bandId.ok() && fmList.ok() && amList.ok() && fmMax.ok()
+                                && fmMin.ok() && fmStep.ok() && amMax.ok() && amMin.ok() && amStep.ok()
+                                && bandCurFreq.ok() && bandPos.ok() && local.ok() && regional.ok();
+        if (tuningRead) {
+            check::InitData d{bandSwitch.value(), bandId.value(), fmList.value(), amList.value(),
+                              fmMax.value(), fmMin.value(), fmStep.value(), amMax.value(), amMin.value(),
+                              amStep.value(), bandCurFreq.value(), bandPos.value(), local.value(),
+                              regional.value()};
+            check::initData(d);
+            m_window.onInitDate(d.bandSwitch, d.bandId, d.fmList, d.amList, 0, 0, 0, 0, 0, d.fmMax, d.fmMin,
+                                d.fmStep, d.amMax, d.amMin, d.amStep, d.bandCurFreq, d.bandPos, d.local,
+                                d.regional);
+        } else if (!m_late) {
+            p->restoreStoredTuning();
+        }
+        if (aftaList.ok() && afta.ok())
+            m_window.onAftaState(check::list(aftaList.value(), check::kMaxFmPresets, "initAfTaList"), afta.value());
+        else if (!m_late)
+            p->restoreStoredAfTa();
+        batch->deleteLater();
+        readRds();
+    });
+}
+
+void RadioStateRead::readRds()
+{
+    namespace check = radiocheck;
+    bus::ReplyBatch *batch = newBatch();
+    const auto psName1 = batch->add(m_radio->initPsName1(), "initPsName1");
+    const auto psName2 = batch->add(m_radio->initPsName2(), "initPsName2");
+    const auto piTp = batch->add(m_radio->piTpStatus(), "piTpStatus");
+    const auto programName = batch->add(m_radio->rdsProgramName(), "rdsProgramName");
+    const auto rdsState = batch->add(m_radio->RDSstate(), "RDSstate");
+    batch->waitUntil(m_deadline);
+    batch->whenFinished([=](const QStringList &failed) {
+        warnUnanswered(failed);
+        if (psName1.ok())
+            m_window.onPsName1(check::nameList(psName1.value(), check::kMaxPsName1Items, "initPsName1"));
+        if (psName2.ok())
+            m_window.onPsName2(check::nameList(psName2.value(), check::kMaxPsName2Items, "initPsName2"));
+        if (piTp.ok())
+            m_window.onPiTpStatus(piTp.value());
+        if (programName.ok())
+            m_window.onRdsName(check::name(programName.value(), "rdsProgramName"));
+        if (rdsState.ok())
+            m_window.onstatusChanged(check::rdsStatus(rdsState.value()));
+        batch->deleteLater();
+        emit fed();
+    });
+}
+
+} // namespace tuner

@@ -17,6 +17,7 @@
 #include <QDBusConnection>
 #include <QLabel>
 #include <QTextStream>
+#include <QTimer>
 #include <QtTest/QTest>
 
 #include <malloc.h>
@@ -25,6 +26,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <functional>
 
 namespace benchmode {
 
@@ -334,6 +336,106 @@ int writes()
 
     QTest::mouseClick(rig->find<QAbstractButton>("Key_0020_switch_band"), Qt::LeftButton);
     report("band_change");
+    return 0;
+}
+
+namespace {
+
+// Notes every turn of the event loop (a 1 ms timer) and keeps the longest
+// time between two: how long the host's UI thread was blocked.
+class LoopGapMeter
+{
+public:
+    LoopGapMeter()
+    {
+        m_ticker.setTimerType(Qt::PreciseTimer);
+        m_ticker.setInterval(1);
+        QObject::connect(&m_ticker, &QTimer::timeout, [this] { tick(); });
+        m_last = benchClockNs();
+        m_ticker.start();
+    }
+    double longestMs() const { return m_longestNs / 1e6; }
+
+private:
+    void tick()
+    {
+        const qint64 now = benchClockNs();
+        m_longestNs = std::max(m_longestNs, now - m_last);
+        m_last = now;
+    }
+
+    QTimer m_ticker;
+    qint64 m_last = 0;
+    qint64 m_longestNs = 0;
+};
+
+// What the host does in one turn of its event loop, measured with the
+// turns before and after: `settleMs` lets late answers and timeouts arrive.
+double longestGapAround(const std::function<void()> &hostCall, int settleMs)
+{
+    LoopGapMeter meter;
+    spin(20);
+    QTimer::singleShot(0, hostCall);
+    spin(settleMs);
+    return meter.longestMs();
+}
+
+} // namespace
+
+const QStringList &faultNames()
+{
+    static const QStringList names{QStringLiteral("startup_radio_hung"),  QStringLiteral("startup_radio_slow"),
+                                   QStringLiteral("startup_radio_absent"), QStringLiteral("restart_radio_hung"),
+                                   QStringLiteral("running_radio_hung"),  QStringLiteral("close_source_hung")};
+    return names;
+}
+
+int fault(const QString &name)
+{
+    constexpr int kSettleMs = 1600; // past the longest reply deadline
+    TunerRig rig;
+    FakeServices &services = rig.services();
+    double gap = -1;
+    if (name.startsWith(QLatin1String("startup_"))) {
+        if (name == QLatin1String("startup_radio_hung"))
+            services.radio()->setHung(true);
+        if (name == QLatin1String("startup_radio_slow"))
+            services.radio()->setReplyDelay(600);
+        // The host builds the window and shows it in one go.
+        bool opened = false;
+        gap = longestGapAround([&] { opened = rig.open(name != QLatin1String("startup_radio_absent")); }, kSettleMs);
+        if (!opened)
+            return 1;
+    } else {
+        if (!rig.open())
+            return 1;
+        spin(200);
+        if (name == QLatin1String("restart_radio_hung")) {
+            gap = longestGapAround([&] {
+                services.restart();
+                services.radio()->setHung(true);
+                services.mcu()->setHung(true);
+            }, kSettleMs);
+        } else if (name == QLatin1String("running_radio_hung")) {
+            services.radio()->setHung(true);
+            services.mcu()->setHung(true);
+            auto *preset = rig.find<QAbstractButton>(kPresetKeyOfBand[1]);
+            auto *seek = rig.find<QAbstractButton>("Key_0029_seek_plus");
+            gap = longestGapAround([&] {
+                QTest::mouseClick(preset, Qt::LeftButton);
+                QTest::mouseClick(seek, Qt::LeftButton);
+            }, kSettleMs);
+        } else if (name == QLatin1String("close_source_hung")) {
+            services.source()->setHung(true);
+            gap = longestGapAround([&] {
+                rig.window()->onHide();
+                rig.window()->onDestroy();
+            }, kSettleMs);
+        }
+    }
+    if (gap < 0)
+        return 1;
+    out() << "gap_ms=" << gap << "\n";
     return 0;
 }
 

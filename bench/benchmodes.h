@@ -15,5 +15,10 @@ int marquee(int seconds);
 int screenChanges(const QList<int> &checkpoints);
 // Synced rewrites of radio.conf and settings.ini per user action.
 int writes();
+// The longest time the UI thread went without turning its event loop while
+// one of the services misbehaves (`faultNames()`): at start-up, when it
+// restarts, while the tuner runs and when the window closes.
+const QStringList &faultNames();
+int fault(const QString &name);
 
 } // namespace benchmode

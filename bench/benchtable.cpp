@@ -1,5 +1,7 @@
 #include "benchtable.h"
 
+#include "benchmodes.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -348,6 +350,33 @@ void writes(Table &table)
     }
 }
 
+// The host's UI thread must never stand still longer than this over a service fault.
+void faults(const Options &options, Table &table)
+{
+    constexpr double kGoalMs = 250;
+    const QHash<QString, QString> described{
+        {QStringLiteral("startup_radio_hung"), QStringLiteral("start-up, radio service hung")},
+        {QStringLiteral("startup_radio_slow"), QStringLiteral("start-up, radio service answering 600 ms late")},
+        {QStringLiteral("startup_radio_absent"), QStringLiteral("start-up, no services on the bus")},
+        {QStringLiteral("restart_radio_hung"), QStringLiteral("radio service restarted, then hung")},
+        {QStringLiteral("running_radio_hung"), QStringLiteral("preset tap and seek, radio service hung")},
+        {QStringLiteral("close_source_hung"), QStringLiteral("onHide and onDestroy, source service hung")},
+    };
+    const int runs = options.quick ? 1 : 3;
+    for (const QString &name : benchmode::faultNames()) {
+        double worst = 0;
+        bool ran = true;
+        for (int run = 0; run < runs; ++run) {
+            const Results results = runMode({QStringLiteral("fault"), name});
+            ran = ran && results.contains(QStringLiteral("gap_ms"));
+            worst = std::max(worst, results.value(QStringLiteral("gap_ms")).toDouble());
+        }
+        table.row(QStringLiteral("longest event-loop gap, %1 (worst of %2)").arg(described.value(name)).arg(runs),
+                  ran ? ms(worst) : QStringLiteral("?"), QStringLiteral("-"), QStringLiteral("-"),
+                  QStringLiteral("≤ 250 ms"), ran && (options.quick || worst <= kGoalMs));
+    }
+}
+
 } // namespace
 
 int runAll(const QStringList &args)
@@ -368,6 +397,7 @@ int runAll(const QStringList &args)
         {QStringLiteral("marquee"), [&](Table &t) { marquee(options, t); }},
         {QStringLiteral("screens"), [&](Table &t) { screenChanges(options, t); }},
         {QStringLiteral("writes"), [&](Table &t) { writes(t); }},
+        {QStringLiteral("faults"), [&](Table &t) { faults(options, t); }},
     };
     Table table;
     for (const auto &path : paths) {

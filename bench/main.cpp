@@ -6,6 +6,7 @@
 //   nilo-bench marquee SECONDS          CPU share with the marquee running
 //   nilo-bench screens N [N...]         RSS after N screen changes
 //   nilo-bench writes                   synced rewrites per user action
+//   nilo-bench fault NAME               longest event-loop gap under a service fault
 //
 // Needs a session bus of its own and the off-screen platform; see
 // scripts/run-bench.sh.
@@ -32,5 +33,7 @@ int main(int argc, char *argv[])
     }
     if (mode == QLatin1String("writes"))
         return benchmode::writes();
+    if (mode == QLatin1String("fault"))
+        return benchmode::fault(args.value(1));
     return benchtable::runAll(args);
 }

@@ -67,9 +67,9 @@ TunerRig::~TunerRig()
     cm::BaseWindow::setHost(nullptr);
 }
 
-bool TunerRig::open()
+bool TunerRig::open(bool services)
 {
-    if (!m_services->start())
+    if (services && !m_services->start())
         return false;
     m_frame = std::make_unique<QWidget>();
     m_frame->setFixedSize(800, 480);

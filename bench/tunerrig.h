@@ -21,8 +21,9 @@ public:
     TunerRig();
     ~TunerRig();
 
-    // Creates the window and shows its screen; false when the fakes could not start.
-    bool open();
+    // Creates the window and shows its screen; false when the fakes could not
+    // start. Without `services` the window comes up on a bus without them.
+    bool open(bool services = true);
     // Destroys the window (as the host does on onDestroy) and keeps the state.
     void close();
 

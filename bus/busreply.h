@@ -67,7 +67,7 @@ public:
     static constexpr int kDeadlineMs = 1000;
     // How long the UI thread may wait for a batch; an owner whose replies
     // take longer counts as late.
-    static constexpr int kBlockingWaitMs = 200;
+    static constexpr int kBlockingWaitMs = 150;
 
     // Calls made on `proxy` until the batch is waited for carry its deadline.
     explicit ReplyBatch(QDBusAbstractInterface *proxy, QObject *parent = nullptr);

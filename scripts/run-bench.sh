@@ -2,7 +2,7 @@
 # Builds the tuner in Release (build-release/) and measures its critical paths
 # against bare Qt in the same run, on a private session bus, off screen. Prints
 # one table of medians and ratios; exits 1 when a path misses its goal.
-#   scripts/run-bench.sh [--runs N] [--quick] [--only startup|report|marquee|screens|writes]
+#   scripts/run-bench.sh [--runs N] [--quick] [--only startup|report|marquee|screens|writes|faults]
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 

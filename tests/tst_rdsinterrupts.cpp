@@ -8,6 +8,7 @@
 #include "interruptpopup.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
+#include "radioedge.h"
 #include "tunerfixture.h"
 #include "tunerplayer.h"
 
@@ -140,18 +141,21 @@ private slots:
         QCOMPARE(prefs()->curRdsName().isEmpty(), !rds && band < 3);
     }
 
-    // 0 and 10 reach the screen; 31 is not shown (the edge drops what lies beyond).
+    // 0 and 10 reach the screen; 31 reaches the rule on its own and is not
+    // shown (the edge drops what lies beyond).
     void programmeTypeReachesTheScreen()
     {
         makeWindow();
-        QSignalSpy spy(player(), &TunerPlayer::PTYCurrentType);
-        m_fakes->inServiceThread([&] {
-            for (int pty : {0, 31, 10}) // in order: once 10 is through, so is 31
-                emit m_fakes->radio()->ptyChanged(pty, QStringLiteral("x"));
-        });
-        QTRY_COMPARE(spy.count(), 2);
-        QCOMPARE(spy, (QList<QList<QVariant>>{{0}, {10}}));
-        QCOMPARE(prefs()->PTYtype(), 10);
+        QSignalSpy shown(player(), &TunerPlayer::PTYCurrentType);
+        QSignalSpy delivered(m_window->findChild<RadioEdge *>(), SIGNAL(ptyChanged(int,QString)));
+        const QList<std::pair<int, int>> reportsAndStored{{0, 0}, {31, 0}, {10, 10}};
+        for (const auto &[pty, stored] : reportsAndStored) {
+            const int before = delivered.count();
+            m_fakes->inServiceThread([&, pty = pty] { emit m_fakes->radio()->ptyChanged(pty, QStringLiteral("x")); });
+            QTRY_COMPARE(delivered.count(), before + 1); // alone: nothing to coalesce it with
+            QCOMPARE(prefs()->PTYtype(), stored);
+        }
+        QCOMPARE(shown, (QList<QList<QVariant>>{{0}, {10}}));
     }
 
     void optionSwitchesReachTheRadio_data()
@@ -221,8 +225,10 @@ private slots:
 
         const QStringList stepList = steps.split(QLatin1Char(' '));
         makeWindow(stepList.contains(QStringLiteral("nosupport")) ? QStringLiteral("RdsAfTaTpSupport=0") : QString());
-        if (stepList.contains(QStringLiteral("am")))
+        const bool am = stepList.contains(QStringLiteral("am"));
+        if (am)
             prefs()->setBand(BAND_AM1);
+        player()->onFrequencyChanged(am ? 999 : 9810, int(prefs()->band()));
         m_window->start();
         for (const QString &step : stepList) {
             if (step.startsWith(QLatin1String("tp"))) {
@@ -245,6 +251,11 @@ private slots:
         QCOMPARE(mcuInShort(), mcu);
         QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter("taAlarmCancel").size(), cancels);
         QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
+        // Whichever page the interrupt left up shows the tuned frequency, not the form's placeholder.
+        QWidget *page = player()->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget();
+        const auto labels = page->findChildren<QLabel *>(QRegularExpression("^Txt_00(19|35)_rds_freq$"));
+        QCOMPARE(labels.size(), 1);
+        QCOMPARE(labels.first()->text(), QLatin1String(am ? "999" : "98.10"));
     }
 
     // Touches anywhere on the popup stay there, even over the seek key below.

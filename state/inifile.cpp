@@ -5,10 +5,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QMap>
-#include <QVector>
 
 #include <algorithm>
+#include <string_view>
+#include <vector>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -33,29 +33,33 @@ QByteArray unquoted(const QByteArray &raw)
     return raw;
 }
 
-// A key or section name as QSettings reads it: '\' separates groups.
-QByteArray unescapedKey(QByteArray key)
+// A key or section name as QSettings reads it: '\\' separates groups.
+QByteArray unescapedKey(const char *begin, const char *end)
 {
-    key = key.trimmed();
+    QByteArray key = QByteArray(begin, int(end - begin)).trimmed();
     key.replace('\\', '/');
     return key;
 }
 
 // The value up to a ';' comment outside quotes, without blanks at the ends.
-QByteArray valueOf(const QByteArray &text)
+QByteArray valueOf(const char *begin, const char *end)
 {
     bool quoted = false;
-    int end = 0;
-    for (; end < text.size(); ++end) {
-        const char c = text.at(end);
-        if (c == '"')
+    const char *stop = begin;
+    for (; stop < end; ++stop) {
+        if (*stop == '"')
             quoted = !quoted;
-        else if (c == '\\')
-            ++end;
-        else if (c == ';' && !quoted)
+        else if (*stop == '\\' && stop + 1 < end)
+            ++stop;
+        else if (*stop == ';' && !quoted)
             break;
     }
-    return text.left(end).trimmed();
+    return QByteArray(begin, int(stop - begin)).trimmed();
+}
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
 }
 
 struct ParsedIni
@@ -65,49 +69,65 @@ struct ParsedIni
 };
 
 // QSettings' reading: a UTF-8 BOM is skipped, CR, LF and CRLF all end a
-// line, the lines of a section that appears more than once are read as one
-// section in file order, sections are then taken in order of their names,
-// and of a key given twice the later one counts.
-ParsedIni parseIni(QByteArray content)
+// line, and of a key given twice the later one counts. Sections are read in
+// order of their names, so where "[Freq]" says "FM0\CurrFreq" and
+// "[Freq\FM0]" says "CurrFreq", the longer section name wins wherever it
+// stands. One pass, without sorting: 50 000 groups must not stall a start.
+ParsedIni parseIni(const QByteArray &content)
 {
-    if (content.startsWith("\xEF\xBB\xBF"))
-        content.remove(0, 3);
-    QMap<QByteArray, QVector<QPair<QByteArray, QByteArray>>> sections; // "" is General
-    QVector<QPair<QByteArray, QByteArray>> *section = &sections[QByteArray()];
     ParsedIni parsed;
-    int pos = 0;
-    while (pos < content.size()) {
-        int end = pos;
-        while (end < content.size() && content.at(end) != '\n' && content.at(end) != '\r')
-            ++end;
-        const QByteArray line = content.mid(pos, end - pos).trimmed();
-        pos = end + 1;
-        if (line.isEmpty() || line.startsWith(';'))
+    // Section lengths of keys read from a nested name ("FM0\CurrFreq"): only
+    // these can lose to the same key in a longer section read later.
+    QHash<QByteArray, int> nestedSectionLength;
+    const char *data = content.constData();
+    const char *const fileEnd = data + content.size();
+    const char *pos = content.startsWith("\xEF\xBB\xBF") ? data + 3 : data;
+    QByteArray section; // "" is General
+    while (pos < fileEnd) {
+        const char *lineEnd = pos;
+        while (lineEnd < fileEnd && *lineEnd != '\n' && *lineEnd != '\r')
+            ++lineEnd;
+        const char *begin = pos;
+        const char *end = lineEnd;
+        pos = lineEnd + 1;
+        while (begin < end && isBlank(*begin))
+            ++begin;
+        while (end > begin && isBlank(end[-1]))
+            --end;
+        if (begin == end || *begin == ';')
             continue;
-        if (std::any_of(line.cbegin(), line.cend(), isControl)) {
+        if (std::any_of(begin, end, isControl)) {
             ++parsed.junkLines;
             continue;
         }
-        if (line.startsWith('[')) {
-            const int close = line.indexOf(']');
-            QByteArray name = unescapedKey(line.mid(1, close < 0 ? -1 : close - 1));
-            if (name == kGeneral)
-                name.clear();
-            section = &sections[name];
+        if (*begin == '[') {
+            const char *close = std::find(begin, end, ']');
+            section = unescapedKey(begin + 1, close);
+            if (section == kGeneral)
+                section.clear();
             continue;
         }
-        const int equals = line.indexOf('=');
-        if (equals <= 0) {
-            if (!line.startsWith('#'))
+        const char *equals = std::find(begin, end, '=');
+        if (equals == begin || equals == end) {
+            if (*begin != '#')
                 ++parsed.junkLines;
             continue;
         }
-        section->append(qMakePair(unescapedKey(line.left(equals)), valueOf(line.mid(equals + 1))));
-    }
-    for (auto it = sections.cbegin(); it != sections.cend(); ++it) {
-        const QByteArray prefix = it.key().isEmpty() ? QByteArray() : it.key() + '/';
-        for (const auto &entry : it.value())
-            parsed.values.insert(prefix + entry.first, entry.second);
+        const QByteArray name = unescapedKey(begin, equals);
+        QByteArray key;
+        key.reserve(section.size() + 1 + name.size());
+        if (!section.isEmpty())
+            key.append(section).append('/');
+        key.append(name);
+        if (name.contains('/')) {
+            if (parsed.values.contains(key)
+                && nestedSectionLength.value(key, key.lastIndexOf('/')) > section.size())
+                continue;
+            nestedSectionLength.insert(key, section.size());
+        } else if (!nestedSectionLength.isEmpty()) {
+            nestedSectionLength.remove(key);
+        }
+        parsed.values.insert(key, valueOf(equals + 1, end));
     }
     return parsed;
 }
@@ -169,13 +189,13 @@ void IniFile::load()
         TUNER_WAR() << m_path << "cannot be read:" << file.errorString() << "; defaults are used.";
         return;
     }
-    ParsedIni parsed = parseIni(file.read(kMaxFileBytes + 1));
+    const ParsedIni parsed = parseIni(file.read(kMaxFileBytes + 1));
     file.close();
     // Only a file of which nothing at all reads as a key is not the tuner's
     // data (binary garbage, UTF-16, prose).
     if (!parsed.values.isEmpty() || parsed.junkLines == 0) {
-        m_values = std::move(parsed.values);
-        m_onDisk = serialise();
+        m_values = parsed.values;
+        m_onDisk = m_values;
         return;
     }
     const QString aside = m_path + QLatin1String(".corrupt");
@@ -291,26 +311,42 @@ QByteArray IniFile::escapedString(const QString &text)
 }
 
 // Sections and keys in QSettings' own order: "General" first, the rest
-// sorted; the first part of a path is the section, the rest is written with '\'.
+// sorted; the first part of a path is the section, the rest is written with '\\'.
 QByteArray IniFile::serialise() const
 {
-    QMap<QByteArray, QVector<QPair<QByteArray, QByteArray>>> sections;
+    struct Entry
+    {
+        std::string_view section, key;
+        const QByteArray *value;
+    };
+    std::vector<Entry> entries;
+    entries.reserve(size_t(m_values.size()));
     for (auto it = m_values.cbegin(); it != m_values.cend(); ++it) {
-        const int slash = it.key().indexOf('/');
-        QByteArray section = slash < 0 ? QByteArray() : it.key().left(slash);
-        QByteArray key = it.key().mid(slash + 1);
-        key.replace('/', '\\');
-        sections[section].append(qMakePair(key, it.value()));
+        const std::string_view path(it.key().constData(), size_t(it.key().size()));
+        const size_t slash = path.find('/');
+        if (slash == std::string_view::npos)
+            entries.push_back({std::string_view(), path, &it.value()});
+        else
+            entries.push_back({path.substr(0, slash), path.substr(slash + 1), &it.value()});
     }
+    std::sort(entries.begin(), entries.end(), [](const Entry &a, const Entry &b) {
+        return a.section != b.section ? a.section < b.section : a.key < b.key;
+    });
     QByteArray out;
-    for (auto it = sections.begin(); it != sections.end(); ++it) {
-        auto &entries = it.value();
-        std::sort(entries.begin(), entries.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-        if (!out.isEmpty())
-            out += '\n';
-        out += '[' + (it.key().isEmpty() ? kGeneral : it.key()) + "]\n";
-        for (const auto &entry : entries)
-            out += entry.first + '=' + entry.second + '\n';
+    for (size_t i = 0; i < entries.size(); ++i) {
+        const Entry &entry = entries[i];
+        if (i == 0 || entry.section != entries[i - 1].section) {
+            if (i > 0)
+                out += '\n';
+            out += '[';
+            if (entry.section.empty())
+                out += kGeneral;
+            else
+                out.append(entry.section.data(), int(entry.section.size()));
+            out += "]\n";
+        }
+        QByteArray key(entry.key.data(), int(entry.key.size()));
+        out += key.replace('/', '\\') + '=' + *entry.value + '\n';
     }
     return out;
 }
@@ -344,12 +380,11 @@ bool IniFile::flush()
     m_flushTimer.stop();
     if (!m_dirty || !m_writable)
         return !m_dirty;
-    const QByteArray content = serialise();
-    if (content == m_onDisk) {
+    if (m_values == m_onDisk) {
         m_dirty = false;
         return true;
     }
-    if (!writeAtomically(content)) {
+    if (!writeAtomically(serialise())) {
         if (!m_writeFailed)
             TUNER_WAR() << m_path << "keeps its changes in memory until a write succeeds.";
         m_writeFailed = true;
@@ -357,7 +392,7 @@ bool IniFile::flush()
     }
     m_writeFailed = false;
     m_dirty = false;
-    m_onDisk = content;
+    m_onDisk = m_values;
     ++m_rewrites;
     return true;
 }

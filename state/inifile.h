@@ -61,9 +61,9 @@ private:
     QString m_path;
     // Full QSettings key ("Freq/FM0/CurrFreq") to the value as stored.
     QHash<QByteArray, QByteArray> m_values;
-    // What the file says, in the layout this class writes: a rewrite that
-    // would produce it again is skipped.
-    QByteArray m_onDisk;
+    // What the file on disk says: a rewrite that would say the same again
+    // is skipped.
+    QHash<QByteArray, QByteArray> m_onDisk;
     bool m_writable = true;
     bool m_dirty = false;
     bool m_writeFailed = false;

@@ -385,6 +385,7 @@ private slots:
         QTest::newRow("window 3, searching") << 3 << 3 << 3 << true;
         QTest::newRow("window 1, searching") << 1 << 3 << 3 << false;
         QTest::newRow("window 9, search over") << 9 << 6 << 1 << false;
+        QTest::newRow("hung source: asked once, not three times") << -1 << 3 << 1 << false;
     }
 
     void destroyStopsASearchFromTheSearchWindows()
@@ -396,6 +397,9 @@ private slots:
 
         auto window = makeWindow(true);
         m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), currentWindow);
+        m_fakes->source()->setHung(currentWindow < 0);
+        if (currentWindow < 0)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("currentWindow .*NoReply call failed"));
         prefs()->setPtySerchstate(ptyState);
         g_TunerCurDSPL = 1;
         window->onDestroy();

@@ -98,22 +98,24 @@ void TunerPlayer::synchronise()
     const auto ptyType = batch->add(m_radio->ptyType(), "ptyType");
     const auto ptyName = batch->add(m_radio->rdsName(), "rdsName");
     const auto workState = batch->add(m_radio->workStateType(), "workStateType");
-    const auto show = [=] {
+    const auto show = [=](bool answered) {
         Preferences *p = prefs();
         m_lastFreq = p->playFreq();
-        onFrequencyChanged(m_lastFreq, bandId.ok() ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
-        if (ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))
+        const bool bandRead = answered && bandId.ok();
+        onFrequencyChanged(m_lastFreq, bandRead ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
+        if (answered && ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))
             onPtyChanged(ptyType.value(), check::name(ptyName.value(), "rdsName"));
         onstatusChanged(p->rdsState());
         onRdsName(p->curRdsName());
-        onWorkStatus(workState.ok() ? check::workStatus(workState.value()) : p->workState());
+        const bool workRead = answered && workState.ok();
+        onWorkStatus(workRead ? check::workStatus(workState.value()) : p->workState());
     };
     if (!batch->waitUntil(QDeadlineTimer(bus::ReplyBatch::kBlockingWaitMs)))
-        show();
+        show(false);
     batch->whenFinished([=](const QStringList &failed) {
         if (!failed.isEmpty())
             TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", ")) << "; the tuner's own state is shown.";
-        show();
+        show(true);
         batch->deleteLater();
     });
 }

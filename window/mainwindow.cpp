@@ -53,7 +53,7 @@ MainWindow::MainWindow(QObject *parent)
     , m_radioEdge(new RadioEdge(m_radio, this))
     , m_mcu(bus::createMcuProxy(this))
     , m_source(bus::createSourceProxy(this))
-    , m_stateRead(new RadioStateRead(m_radio, *this, this))
+    , m_stateRead(new RadioStateRead(m_radio, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
@@ -70,6 +70,15 @@ MainWindow::MainWindow(QObject *parent)
     connect(m_radioEdge, SIGNAL(ProgramName(QString)), this, SLOT(onRdsName(QString)));
     connect(m_source, SIGNAL(windowAndSourceChanged(int,int)), this, SLOT(onSourceChange(int,int)));
     connect(m_radioEdge, SIGNAL(serviceAppeared()), this, SLOT(onRadioServiceAppeared()));
+    // What the service says when read goes through the same slots as what it reports.
+    connect(m_stateRead, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
+            this, SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
+    connect(m_stateRead, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
+    connect(m_stateRead, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
+    connect(m_stateRead, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
+    connect(m_stateRead, SIGNAL(tp_pi_status(int)), this, SLOT(onPiTpStatus(int)));
+    connect(m_stateRead, SIGNAL(ProgramName(QString)), this, SLOT(onRdsName(QString)));
+    connect(m_stateRead, SIGNAL(statusChanged(int)), this, SLOT(onstatusChanged(int)));
     connect(m_stateRead, SIGNAL(fed()), this, SLOT(onRadioStateFed()));
 
     m_stateRead->start(bus::ReplyBatch::kBlockingWaitMs);

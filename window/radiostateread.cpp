@@ -2,7 +2,6 @@
 
 #include "busproxies.h"
 #include "busreply.h"
-#include "mainwindow.h"
 #include "preferences.h"
 #include "radiochecks.h"
 #include "tunerlog.h"
@@ -20,10 +19,9 @@ void warnUnanswered(const QStringList &failed)
 
 } // namespace
 
-RadioStateRead::RadioStateRead(NiloRadioServiceInterface *radio, MainWindow &window, QObject *parent)
+RadioStateRead::RadioStateRead(NiloRadioServiceInterface *radio, QObject *parent)
     : QObject(parent)
     , m_radio(radio)
-    , m_window(window)
 {
 }
 
@@ -84,14 +82,13 @@ void RadioStateRead::readTuning()
                               amStep.value(), bandCurFreq.value(), bandPos.value(), local.value(),
                               regional.value()};
             check::initData(d);
-            m_window.onInitDate(d.bandSwitch, d.bandId, d.fmList, d.amList, 0, 0, 0, 0, 0, d.fmMax, d.fmMin,
-                                d.fmStep, d.amMax, d.amMin, d.amStep, d.bandCurFreq, d.bandPos, d.local,
-                                d.regional);
+            emit initDate(d.bandSwitch, d.bandId, d.fmList, d.amList, 0, 0, 0, 0, 0, d.fmMax, d.fmMin, d.fmStep,
+                          d.amMax, d.amMin, d.amStep, d.bandCurFreq, d.bandPos, d.local, d.regional);
         } else if (!m_late) {
             p->restoreStoredTuning();
         }
         if (aftaList.ok() && afta.ok())
-            m_window.onAftaState(check::list(aftaList.value(), check::kMaxFmPresets, "initAfTaList"), afta.value());
+            emit aftaState(check::list(aftaList.value(), check::kMaxFmPresets, "initAfTaList"), afta.value());
         else if (!m_late)
             p->restoreStoredAfTa();
         batch->deleteLater();
@@ -112,15 +109,15 @@ void RadioStateRead::readRds()
     batch->whenFinished([=](const QStringList &failed) {
         warnUnanswered(failed);
         if (psName1.ok())
-            m_window.onPsName1(check::nameList(psName1.value(), check::kMaxPsName1Items, "initPsName1"));
+            emit PsName1(check::nameList(psName1.value(), check::kMaxPsName1Items, "initPsName1"));
         if (psName2.ok())
-            m_window.onPsName2(check::nameList(psName2.value(), check::kMaxPsName2Items, "initPsName2"));
+            emit PsName2(check::nameList(psName2.value(), check::kMaxPsName2Items, "initPsName2"));
         if (piTp.ok())
-            m_window.onPiTpStatus(piTp.value());
+            emit tp_pi_status(piTp.value());
         if (programName.ok())
-            m_window.onRdsName(check::name(programName.value(), "rdsProgramName"));
+            emit ProgramName(check::name(programName.value(), "rdsProgramName"));
         if (rdsState.ok())
-            m_window.onstatusChanged(check::rdsStatus(rdsState.value()));
+            emit statusChanged(check::rdsStatus(rdsState.value()));
         batch->deleteLater();
         emit fed();
     });

@@ -8,7 +8,7 @@ TUNER_PACKAGES=(
     qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools
     dbus-daemon dbus-session-bus-common
     fonts-dejavu-core fonts-dejavu-extra
-    dpkg-dev file
+    dpkg-dev file lintian
     xvfb xauth xdotool
 )
 

@@ -14,14 +14,25 @@ root="$scratch/root"
 for package in nilo-tuner nilo-tuner-devtools; do
     deb=$(ls "$scratch/packages/${package}"_*.deb)
     dpkg -x "$deb" "$root"
-    echo "$package: $(dpkg-deb -f "$deb" Depends)"
+    echo "$package $(dpkg-deb -f "$deb" Version), $(stat -c %s "$deb") bytes: $(dpkg-deb -f "$deb" Depends)"
+    ls "$scratch/packages/${package}-dbgsym_"*.ddeb >/dev/null \
+        || { echo "FAIL: $package has no package of debug symbols"; exit 1; }
 done
+
+# As Debian ships them: no lintian error, stripped binaries, a small plug-in.
+lint_status=0
+lint=$(lintian --fail-on error "$scratch/packages/"*.deb 2>&1) || lint_status=$?
+echo "$lint" | grep -v "root privileges" || true
+[ "$lint_status" -eq 0 ] || { echo "FAIL: lintian reports errors"; exit 1; }
+tuner_deb_bytes=$(stat -c %s "$scratch/packages/"nilo-tuner_*.deb)
+[ "$tuner_deb_bytes" -le 1048576 ] || { echo "FAIL: nilo-tuner is $tuner_deb_bytes bytes, over 1 MiB"; exit 1; }
 
 host="$(find "$root" -path '*/bin/nilo-tuner-host')"
 sim="$(find "$root" -path '*/bin/nilo-sim')"
 plugin="$(find "$root" -name 'libtuner.so')"
 # Everything must come from the scratch root, nothing from the build tree.
 for program in "$host" "$sim" "$plugin"; do
+    file -L "$program" | grep -q ", stripped" || { echo "FAIL: $program is not stripped"; exit 1; }
     if ldd "$program" | grep -E 'nilo_host|not found' | grep -v -F "$root"; then
         echo "FAIL: $program does not load the host libraries it was installed with"
         exit 1

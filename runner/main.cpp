@@ -60,6 +60,8 @@ int main(int argc, char *argv[])
         qputenv("QT_XCB_GL_INTEGRATION", "none");
     QApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("nilo-tuner-host"));
+    // The app id a Wayland compositor places the window by (kiosk-shell, AGL).
+    QGuiApplication::setDesktopFileName(QStringLiteral("nilo-tuner-host"));
     cm::applyTheme(app);
 
     QCommandLineParser parser;

@@ -10,6 +10,7 @@ TUNER_PACKAGES=(
     fonts-dejavu-core fonts-dejavu-extra
     dpkg-dev file lintian
     xvfb xauth xdotool
+    weston qtwayland5
 )
 
 # Installs the packages that are missing (needs root, as on the head-unit build

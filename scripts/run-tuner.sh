@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Builds the tuner and starts it: the service simulator and the host app with
 # the plug-in, together on a private session bus. With a display it opens the
-# 800 x 480 window; without one it saves a screenshot and says where.
-#   scripts/run-tuner.sh [--screenshot FILE] [extra nilo-tuner-host options]
+# 800 x 480 window; without one it saves a screenshot and says where. With
+# --wayland the host app is a client of weston (kiosk-shell) instead, nested in
+# the desktop's X session, or in a virtual X server when there is no display.
+#   scripts/run-tuner.sh [--wayland] [--screenshot FILE] [extra nilo-tuner-host options]
 # State (radio.conf, settings.ini, the simulator's presets) lives in .tuner-state/.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -28,19 +30,34 @@ export NILO_VEHICLE_CONF="$state/vehicle.ini"
 export NILO_DIR="$state/nilo"
 export XDG_RUNTIME_DIR="$state/runtime"
 
-host_args=("$@")
-if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [[ " $* " != *" --screenshot "* ]]; then
+wrapper=()
+host_args=()
+for arg in "$@"; do
+    if [ "$arg" = "--wayland" ]; then
+        wrapper=("$TUNER_SRC/scripts/in-weston.sh")
+    else
+        host_args+=("$arg")
+    fi
+done
+no_display=$([ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && echo 1 || echo 0)
+if [ ${#wrapper[@]} -gt 0 ]; then
+    export QT_QPA_PLATFORM=wayland
+    [ -n "${DISPLAY:-}" ] || wrapper=(xvfb-run -a -s "-screen 0 1024x768x24" "${wrapper[@]}")
+elif [ "$no_display" = 1 ]; then
     export QT_QPA_PLATFORM=offscreen
+fi
+if [ "$no_display" = 1 ] && [[ " ${host_args[*]:-} " != *" --screenshot "* ]]; then
     host_args+=(--screenshot "$state/tuner.png")
-    echo "No display: the tuner runs off screen and saves $state/tuner.png"
+    where=$([ ${#wrapper[@]} -gt 0 ] && echo "in weston, in a virtual X server," || echo "off screen")
+    echo "No display: the tuner runs $where and saves $state/tuner.png"
 fi
 
 build="$TUNER_SRC/build"
-exec dbus-run-session -- bash -c '
+exec ${wrapper[@]+"${wrapper[@]}"} dbus-run-session -- bash -c '
     echo "To drive it from another shell: export DBUS_SESSION_BUS_ADDRESS=$DBUS_SESSION_BUS_ADDRESS"
     "$0/sim/nilo-sim" --state "$1/sim.json" &
     sim=$!
     trap "kill $sim 2>/dev/null" EXIT
     shift
     "$0/runner/nilo-tuner-host" "$@"
-' "$build" "$state" "${host_args[@]}"
+' "$build" "$state" ${host_args[@]+"${host_args[@]}"}

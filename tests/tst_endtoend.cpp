@@ -3,6 +3,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusInterface>
+#include <QImage>
 #include <QtTest>
 
 static bool serviceUp(const QString &name)
@@ -21,9 +22,13 @@ private slots:
         env.insert(QStringLiteral("TUNER_ROOT"), m_dir.path());
         env.insert(QStringLiteral("NILO_VEHICLE_CONF"), m_dir.path() + QStringLiteral("/vehicle.ini"));
         // Under an X server (the run with xvfb) the host gets a real window, and
-        // touches come through the server's own pointer.
-        m_realPointer = qEnvironmentVariableIsSet("TUNER_E2E_X11");
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), m_realPointer ? QStringLiteral("xcb") : QStringLiteral("offscreen"));
+        // touches come through the server's own pointer. Under weston the host
+        // is a Wayland client, and the pointer reaches it through the compositor.
+        m_wayland = qEnvironmentVariableIsSet("TUNER_E2E_WAYLAND");
+        m_realPointer = m_wayland || qEnvironmentVariableIsSet("TUNER_E2E_X11");
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), m_wayland ? QStringLiteral("wayland")
+                                                  : m_realPointer ? QStringLiteral("xcb")
+                                                                  : QStringLiteral("offscreen"));
         m_sim.setProcessEnvironment(env);
         m_host.setProcessEnvironment(env);
         m_sim.setProcessChannelMode(QProcess::MergedChannels);
@@ -43,10 +48,12 @@ private slots:
         QVERIFY(m_automation->isValid());
         if (m_realPointer) {
             QProcess search;
-            search.start(QStringLiteral("xdotool"), {"search", "--sync", "--name", "^Nilo tuner$"});
+            // weston's output window is known by its class.
+            search.start(QStringLiteral("xdotool"), m_wayland ? QStringList{"search", "--sync", "--class", "^Weston Compositor$"}
+                                                              : QStringList{"search", "--sync", "--name", "^Nilo tuner$"});
             QVERIFY(search.waitForFinished(10000));
             m_window = QString::fromLatin1(search.readAllStandardOutput()).section(QLatin1Char('\n'), 0, 0);
-            QVERIFY2(!m_window.isEmpty(), "the host's window is not on the X server");
+            QVERIFY2(!m_window.isEmpty(), "the window is not on the X server");
         }
     }
 
@@ -67,6 +74,52 @@ private slots:
         QCOMPARE(text(QStringLiteral("Txt_0036_rds_unit")), QStringLiteral("MHz"));
         const QJsonObject freq = widget(QStringLiteral("Txt_0035_rds_freq"));
         QVERIFY(freq.value("w").toInt() > 0 && freq.value("x").toInt() >= 0);
+    }
+
+    // What the compositor shows is the host's own frame: weston's screenshot
+    // of its output against the host's grab. Two allowances: weston draws its
+    // cursor over the output (parked in the bottom-right corner, its square is
+    // left out), and the frequency's large digits reach the screen from the
+    // label's cached image but are drawn anew into the grab, so their
+    // antialiased edges may differ by a few levels (up to 8 of 255 measured;
+    // 12 allowed).
+    void compositorShowsTheHostsFrame()
+    {
+        if (!m_wayland)
+            QSKIP("only under a Wayland compositor");
+        constexpr int kLevels = 12;
+        const QRect cursor(800 - 32, 480 - 32, 32, 32);
+        QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), {"mousemove", "--window", m_window, "799", "479"}), 0);
+        QDir shots(m_dir.filePath(QStringLiteral("compositor")));
+        QVERIFY(shots.mkpath(QStringLiteral(".")));
+        const auto differingPixels = [&]() -> int {
+            const QString own = shots.filePath(QStringLiteral("host.png"));
+            if (!QDBusReply<bool>(m_automation->call(QStringLiteral("screenshot"), own)).value())
+                return -1;
+            for (const QString &old : shots.entryList({"wayland-screenshot-*.png"}))
+                shots.remove(old);
+            QProcess shooter;
+            shooter.setWorkingDirectory(shots.path());
+            shooter.start(QStringLiteral("weston-screenshooter"), QStringList());
+            const QStringList taken = shooter.waitForFinished(5000) ? shots.entryList({"wayland-screenshot-*.png"}) : QStringList();
+            const QImage host = QImage(own).convertToFormat(QImage::Format_RGB32);
+            const QImage output = QImage(shots.filePath(taken.value(0))).convertToFormat(QImage::Format_RGB32);
+            if (taken.isEmpty() || host.size() != QSize(800, 480) || output.size() != host.size())
+                return -1;
+            int differing = 0;
+            for (int y = 0; y < host.height(); ++y) {
+                for (int x = 0; x < host.width(); ++x) {
+                    const QRgb a = host.pixel(x, y), b = output.pixel(x, y);
+                    const int levels = std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                                                 std::abs(qBlue(a) - qBlue(b))});
+                    differing += levels > kLevels && !cursor.contains(x, y);
+                }
+            }
+            return differing;
+        };
+        // The output shows what the host committed last: wait until both
+        // show the same settled screen.
+        QTRY_COMPARE_WITH_TIMEOUT(differingPixels(), 0, 5000);
     }
 
     void seekKeyLandsOnTheNextStation()
@@ -248,8 +301,9 @@ private:
     QByteArray m_simLog;
     QProcess m_sim;
     QProcess m_host;
+    bool m_wayland = false;
     bool m_realPointer = false;
-    QString m_window; // the host's X window, for the real pointer
+    QString m_window; // the X window the real pointer acts in: the host's, or weston's
     std::unique_ptr<QDBusInterface> m_automation;
     std::unique_ptr<QDBusInterface> m_simControl;
 };

@@ -54,6 +54,12 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# A cross build's packages are for the target, not for the build machine.
+if(CMAKE_CROSSCOMPILING AND CMAKE_LIBRARY_ARCHITECTURE)
+    execute_process(COMMAND dpkg-architecture -t ${CMAKE_LIBRARY_ARCHITECTURE} -qDEB_HOST_ARCH
+                    OUTPUT_VARIABLE target_architecture OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+    set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE ${target_architecture})
+endif()
 set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
 # The host libraries are our own: dpkg-shlibdeps finds them in the build tree
 # and leaves them to the package that provides the host framework.

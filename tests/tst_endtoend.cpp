@@ -1,15 +1,43 @@
 // The simulator and the host app with the plug-in, as separate processes on
 // the test's private bus, driven only through their bus interfaces.
 
+#include "childprocess.h"
+
 #include <QDBusConnectionInterface>
 #include <QDBusInterface>
 #include <QImage>
 #include <QtTest>
 
+// How many pixels of two 800 x 480 frames differ by more than `levels` in
+// some channel, outside `ignored`; -1 when a frame is missing.
+static int pixelsApart(const QImage &first, const QImage &second, int levels, const QRect &ignored)
+{
+    const QImage a = first.convertToFormat(QImage::Format_RGB32);
+    const QImage b = second.convertToFormat(QImage::Format_RGB32);
+    if (a.size() != QSize(800, 480) || b.size() != a.size())
+        return -1;
+    int differing = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+            const int apart = std::max({std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                                        std::abs(qBlue(p) - qBlue(q))});
+            differing += apart > levels && !ignored.contains(x, y);
+        }
+    }
+    if (differing > 0)
+        qInfo("%d pixels apart by more than %d levels", differing, levels);
+    return differing;
+}
+
 static bool serviceUp(const QString &name)
 {
     return QDBusConnection::sessionBus().interface()->isServiceRegistered(name).value();
 }
+
+// The arm64 build under emulation draws the same frame as the native one, to
+// the byte (same fonts, same Qt); any difference is a fault.
+constexpr int kFrameLevels = 0;
 
 class tst_EndToEnd : public QObject
 {
@@ -29,16 +57,13 @@ private slots:
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), m_wayland ? QStringLiteral("wayland")
                                                   : m_realPointer ? QStringLiteral("xcb")
                                                                   : QStringLiteral("offscreen"));
-        m_sim.setProcessEnvironment(env);
-        m_host.setProcessEnvironment(env);
-        m_sim.setProcessChannelMode(QProcess::MergedChannels);
-        m_host.setProcessChannelMode(QProcess::ForwardedChannels);
+        m_sim.setEnvironment(env);
+        m_host.setEnvironment(env);
 
-        m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"});
-        QVERIFY(m_sim.waitForStarted());
+        QVERIFY(m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"},
+                            ChildProcess::Output::MergedCaptured));
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("com.nilo.mcu")), 10000);
-        m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList());
-        QVERIFY(m_host.waitForStarted());
+        QVERIFY(m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList()));
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("nilo.TunerHost")), 15000);
 
         m_automation = std::make_unique<QDBusInterface>(QStringLiteral("nilo.TunerHost"), QStringLiteral("/Host"),
@@ -59,7 +84,7 @@ private slots:
 
     void cleanupTestCase()
     {
-        if (m_host.state() != QProcess::NotRunning) {
+        if (m_host.isRunning()) {
             m_host.kill();
             m_host.waitForFinished();
         }
@@ -102,24 +127,36 @@ private slots:
             shooter.setWorkingDirectory(shots.path());
             shooter.start(QStringLiteral("weston-screenshooter"), QStringList());
             const QStringList taken = shooter.waitForFinished(5000) ? shots.entryList({"wayland-screenshot-*.png"}) : QStringList();
-            const QImage host = QImage(own).convertToFormat(QImage::Format_RGB32);
-            const QImage output = QImage(shots.filePath(taken.value(0))).convertToFormat(QImage::Format_RGB32);
-            if (taken.isEmpty() || host.size() != QSize(800, 480) || output.size() != host.size())
-                return -1;
-            int differing = 0;
-            for (int y = 0; y < host.height(); ++y) {
-                for (int x = 0; x < host.width(); ++x) {
-                    const QRgb a = host.pixel(x, y), b = output.pixel(x, y);
-                    const int levels = std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
-                                                 std::abs(qBlue(a) - qBlue(b))});
-                    differing += levels > kLevels && !cursor.contains(x, y);
-                }
-            }
-            return differing;
+            return taken.isEmpty() ? -1 : pixelsApart(QImage(own), QImage(shots.filePath(taken.first())), kLevels, cursor);
         };
         // The output shows what the host committed last: wait until both
         // show the same settled screen.
         QTRY_COMPARE_WITH_TIMEOUT(differingPixels(), 0, 5000);
+    }
+
+    // The start screen as another build of the same sources drew it. The arm64
+    // cross build runs this test natively first, saving the frame
+    // (TUNER_E2E_FRAME_OUT), then under emulation against that frame
+    // (TUNER_E2E_FRAME_REFERENCE).
+    void startScreenMatchesAnotherBuilds()
+    {
+        const QString out = qEnvironmentVariable("TUNER_E2E_FRAME_OUT");
+        const QString reference = qEnvironmentVariable("TUNER_E2E_FRAME_REFERENCE");
+        if (out.isEmpty() && reference.isEmpty())
+            QSKIP("no other build to compare with");
+        if (!out.isEmpty())
+            QVERIFY(QDBusReply<bool>(m_automation->call(QStringLiteral("screenshot"), out)).value());
+        if (reference.isEmpty())
+            return;
+        const QImage expected(reference);
+        QVERIFY(!expected.isNull());
+        const QString own = m_dir.filePath(QStringLiteral("frame.png"));
+        const auto differingPixels = [&]() -> int {
+            if (!QDBusReply<bool>(m_automation->call(QStringLiteral("screenshot"), own)).value())
+                return -1;
+            return pixelsApart(QImage(own), expected, kFrameLevels, QRect());
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(differingPixels(), 0, 10000);
     }
 
     void seekKeyLandsOnTheNextStation()
@@ -150,6 +187,15 @@ private slots:
         pointer("release", preset);
         QVERIFY(widget(QStringLiteral("Key_0032_p3")).value("checked").toBool());
         QTRY_VERIFY(simLog().contains("mcu: triggerBeep 1"));
+
+        // A short tap recalls a preset.
+        const int first = QSettings(conf, QSettings::IniFormat).value("Freq/FM0/preset_0").toInt();
+        QVERIFY(first != 8930);
+        pointer("tap", centreOf(QStringLiteral("Key_0030_p1")));
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QString::number(first / 100.0, 'f', 2), 10000);
+        QTRY_VERIFY(widget(QStringLiteral("Key_0030_p1")).value("checked").toBool());
+        pointer("tap", preset);
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("89.30"), 10000);
     }
 
     void trafficAnnouncementIsCancelled()
@@ -254,7 +300,7 @@ private slots:
     {
         m_automation->call(QStringLiteral("quit"));
         QVERIFY(m_host.waitForFinished(10000));
-        QCOMPARE(m_host.exitStatus(), QProcess::NormalExit);
+        QVERIFY(m_host.exitedNormally());
         QCOMPARE(m_host.exitCode(), 0);
     }
 
@@ -299,8 +345,8 @@ private:
 
     QTemporaryDir m_dir;
     QByteArray m_simLog;
-    QProcess m_sim;
-    QProcess m_host;
+    ChildProcess m_sim;
+    ChildProcess m_host;
     bool m_wayland = false;
     bool m_realPointer = false;
     QString m_window; // the X window the real pointer acts in: the host's, or weston's

@@ -1,6 +1,7 @@
 // radio.conf survives a writer killed at any point: every kill leaves a file
 // that parses, with every group and key.
 
+#include "childprocess.h"
 #include "teststate.h"
 
 #include <QtTest>
@@ -53,19 +54,14 @@ private slots:
         TestState state;
         QStringList keys; // every key of the first whole file: 7 of Tune, 76 of Freq
         for (int kill = 0; kill < kKills; ++kill) {
-            QProcess writer;
-            writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-            writer.start(QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)});
-            QVERIFY(writer.waitForStarted());
+            ChildProcess writer;
+            QVERIFY(writer.start(QCoreApplication::applicationFilePath(), {QLatin1String(kWriterFlag)},
+                                 ChildProcess::Output::Captured));
             // Killed after a random number of its writes, somewhere inside the next one.
             const int writes = QRandomGenerator::global()->bounded(1, 12);
             int seen = -1; // "ready" first
-            while (seen < writes && writer.waitForReadyRead(5000)) {
-                while (writer.canReadLine()) {
-                    writer.readLine();
-                    ++seen;
-                }
-            }
+            while (seen < writes && writer.waitForReadyRead(5000))
+                seen += writer.readAll().count('\n');
             writer.kill();
             writer.waitForFinished();
 

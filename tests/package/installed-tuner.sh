@@ -2,10 +2,13 @@
 # Builds the Debian packages, unpacks them into a scratch root (dpkg -x) and
 # runs what they installed there: the simulator, the host app and the plug-in
 # it finds beside itself, on a private session bus, up to a saved screenshot.
-#   installed-tuner.sh BUILD_DIR [MAX_TUNER_PACKAGE_BYTES]   (0: no limit)
+# Where the cross build made arm64 packages of the same version, checks those
+# too: their architecture, the same files, and arm64 binaries, stripped.
+#   installed-tuner.sh BUILD_DIR [MAX_TUNER_PACKAGE_BYTES [ARM64_PACKAGE_DIR]]   (0: no limit)
 set -euo pipefail
 build="$1"
 max_tuner_bytes="${2:-1048576}"
+arm64_packages="${3:-}"
 scratch="$(mktemp -d)"
 trap 'rm -rf "$scratch"' EXIT
 
@@ -29,6 +32,33 @@ tuner_deb_bytes=$(stat -c %s "$scratch/packages/"nilo-tuner_*.deb)
 if [ "$max_tuner_bytes" -gt 0 ] && [ "$tuner_deb_bytes" -gt "$max_tuner_bytes" ]; then
     echo "FAIL: nilo-tuner is $tuner_deb_bytes bytes, over $max_tuner_bytes"
     exit 1
+fi
+
+# The arm64 packages: what the native ones hold, built for the target.
+file_list() { dpkg-deb -c "$1" | awk '{ print $6 }' | sed 's/x86_64-linux-gnu\|aarch64-linux-gnu/MULTIARCH/' | sort; }
+if [ -n "$arm64_packages" ] && ls "$arm64_packages"/nilo-tuner_*_arm64.deb >/dev/null 2>&1; then
+    version=$(dpkg-deb -f "$scratch/packages/"nilo-tuner_*.deb Version)
+    arm64_version=$(dpkg-deb -f "$arm64_packages"/nilo-tuner_*_arm64.deb Version)
+    if [ "$arm64_version" != "$version" ]; then
+        echo "SKIP: the arm64 packages are of $arm64_version, this build is $version (scripts/cross-build.sh arm64 rebuilds them)"
+    else
+        for package in nilo-tuner nilo-tuner-devtools; do
+            native=$(ls "$scratch/packages/${package}"_*.deb)
+            arm64=$(ls "$arm64_packages/${package}_${version}_arm64.deb")
+            [ "$(dpkg-deb -f "$arm64" Architecture)" = arm64 ] || { echo "FAIL: $arm64 is not for arm64"; exit 1; }
+            ls "$arm64_packages/${package}-dbgsym_${version}_arm64.ddeb" >/dev/null \
+                || { echo "FAIL: $package for arm64 has no package of debug symbols"; exit 1; }
+            if ! diff <(file_list "$native") <(file_list "$arm64"); then
+                echo "FAIL: $package holds other files for arm64"
+                exit 1
+            fi
+            dpkg -x "$arm64" "$scratch/arm64"
+        done
+        while read -r binary; do
+            file -b "$binary" | grep -q "ARM aarch64.*, stripped" || { echo "FAIL: $binary: $(file -b "$binary")"; exit 1; }
+        done < <(find "$scratch/arm64" -type f \( -name '*.so*' -o -path '*/bin/*' \))
+        echo "arm64 packages of $version: architecture, files and stripped binaries as expected"
+    fi
 fi
 
 host="$(find "$root" -path '*/bin/nilo-tuner-host')"

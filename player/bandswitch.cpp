@@ -1,13 +1,18 @@
 #include "bandswitch.h"
 
+#include "displayline.h"
+#include "interruptbanner.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
-#include "settingsutil.h"
-#include "tunerkeys.h"
+#include "presetpages.h"
+#include "radiocontrol.h"
+#include "rdsstation.h"
+#include "rdsswitches.h"
+#include "translator.h"
 #include "tunerlog.h"
 #include "tunerplayer.h"
-#include "ui_c20_003_tuner.h"
 
+#include <QLabel>
 #include <QTimerEvent>
 
 namespace tuner {
@@ -16,76 +21,114 @@ namespace {
 
 constexpr int kKeyLockMs = 3000;
 
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
 } // namespace
 
-BandSwitch::BandSwitch(TunerPlayer &screen)
+BandSwitch::BandSwitch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, RdsStation &rds,
+                       DisplayLine &line, const InterruptBanner &banner, QWidget *bandKey, QLabel *bandName)
     : m_screen(screen)
+    , m_control(control)
+    , m_pages(pages)
+    , m_rds(rds)
+    , m_line(line)
+    , m_banner(banner)
+    , m_bandKey(bandKey)
+    , m_bandName(bandName)
 {
+}
+
+void BandSwitch::showBandName(bool fm)
+{
+    m_bandName->setText(Translator::translate(fm ? 39 : 49));
+}
+
+void BandSwitch::showFamily(bool fm)
+{
+    showBandName(fm);
+    m_pages.showFamily(fm);
+}
+
+void BandSwitch::retranslate()
+{
+    showBandName(prefs()->isFM());
 }
 
 void BandSwitch::showStoredBand()
 {
     Preferences *p = prefs();
-    m_screen.showBandFamily(p->isFM());
+    showFamily(p->isFM());
     if (p->isFM()) {
         enterFmPage(p->band_FM());
-        m_screen.m_pages.scrollToBand(p->band_FM(), false);
+        m_pages.scrollToBand(p->band_FM(), false);
     } else {
         enterAmPage(p->band_AM());
-        m_screen.m_pages.scrollToBand(p->band_AM(), false);
+        m_pages.scrollToBand(p->band_AM(), false);
     }
+    m_bandShown = true;
 }
 
 void BandSwitch::switchFamily()
 {
-    TunerPlayer &s = m_screen;
-    if (!s.isVisible() && !s.m_bandKeyFromRemote)
+    if (!m_screen.isVisible() && !m_fromRemote)
         return;
-    if (s.interruptState() == 3 || s.interruptState() == 5)
+    if (m_banner.isUp())
         return;
-    if (!s.m_bandKeyFromRemote)
-        s.beep(0);
-    if (s.onTerminate())
+    if (!m_fromRemote)
+        m_control.beep(0);
+    if (m_control.stopAnySearch())
         return; // the key only ends the search
 
     Preferences *p = prefs();
-    const bool afTaTp = cm::SettingsUtil::instance()->getRdsAfTaTpSupport() == 1;
     const bool toFm = !p->isFM();
-    s.m_bandSwitched = true;
-    s.showBandFamily(toFm);
+    m_familySwitched = true;
+    showFamily(toFm);
     if (toFm) {
-        s.onstatusChanged(p->rdsState());
-        if (afTaTp) {
-            s.m_radio->setAf(p->af());
-            s.m_radio->setTa(p->ta());
+        m_rds.showStatus(p->rdsState());
+        if (afTaTpSupported()) {
+            m_control.radio()->setAf(p->af());
+            m_control.radio()->setTa(p->ta());
         }
-        s.m_pages.scrollToBand(s.m_bandKeyFromRemote ? BAND_FM1 : p->band_FM(), true);
+        m_pages.scrollToBand(m_fromRemote ? BAND_FM1 : p->band_FM(), true);
     } else {
-        s.clearRdsState();
-        if (afTaTp) {
-            s.m_radio->setAf(false);
-            s.m_radio->setTa(false);
+        m_rds.clear();
+        if (afTaTpSupported()) {
+            m_control.radio()->setAf(false);
+            m_control.radio()->setTa(false);
         }
-        s.m_pages.scrollToBand(s.m_bandKeyFromRemote ? BAND_AM1 : p->band_AM(), true);
+        m_pages.scrollToBand(m_fromRemote ? BAND_AM1 : p->band_AM(), true);
     }
-    s.showUnit(toFm);
+    m_line.showUnit(toFm);
 
-    s.updateLabelFreq();
-    s.m_pages.light(p->band(), p->playFreqId());
-    s.m_lastFreq = p->playFreq();
-    s.m_seeking = false;
-    s.onWorkStatus(0);
-    emit s.showOptionItem();
-    s.m_bandKeyFromRemote = false;
+    m_screen.updateLabelFreq();
+    m_pages.light(p->band(), p->playFreqId());
+    m_control.setLastFrequency(p->playFreq());
+    m_control.seekEnded();
+    m_screen.onWorkStatus(0);
+    emit familySwitched();
+    m_fromRemote = false;
 
     // Not again until the service reports the switch done, or three seconds pass.
-    s.ui->Key_0020_switch_band->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_bandKey->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_keyLock.start(kKeyLockMs, this);
+}
+
+void BandSwitch::nextBand()
+{
+    Preferences *p = prefs();
+    m_fromRemote = true;
+    const int next = p->band() + 1;
+    if (next > BAND_AM2) {
+        p->setBand(BAND_AM2);
+        p->setBand_AM(BAND_AM2);
+        switchFamily();
+    } else if (next == BAND_AM1) {
+        switchFamily();
+    } else if (p->isFM()) {
+        p->setBand(Band(next));
+        m_pages.scrollToBand(next, true);
+    } else {
+        m_pages.scrollToBand(next, true);
+        p->setBand(Band(next));
+    }
 }
 
 void BandSwitch::switchDone(int state)
@@ -97,7 +140,7 @@ void BandSwitch::switchDone(int state)
 void BandSwitch::unlockKey()
 {
     m_keyLock.stop();
-    m_screen.ui->Key_0020_switch_band->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    m_bandKey->setAttribute(Qt::WA_TransparentForMouseEvents, false);
 }
 
 void BandSwitch::enterFmPage(int page)
@@ -106,8 +149,8 @@ void BandSwitch::enterFmPage(int page)
         TUNER_WAR() << page << "is not an FM page.";
         return;
     }
-    if (m_screen.m_initialised && m_screen.status() == WorkStatus::Idle && !m_screen.m_seeking)
-        m_screen.clearRdsState();
+    if (m_bandShown && m_control.workStatus() == WorkStatus::Idle && !m_control.seeking())
+        m_rds.clear();
     enter(page);
 }
 
@@ -128,16 +171,16 @@ void BandSwitch::enterAmPage(int page)
 void BandSwitch::enter(int band)
 {
     Preferences *p = prefs();
-    m_screen.m_radio->setband(band);
+    m_control.radio()->setband(band);
     Preferences::isFmBand(band) ? p->setBand_FM(Band(band)) : p->setBand_AM(Band(band));
     p->setBand(Band(band));
-    m_screen.m_pages.showPageImage(band);
-    m_screen.m_pages.light(band, p->playFreqId());
+    m_pages.showPageImage(band);
+    m_pages.light(band, p->playFreqId());
     m_screen.setRange(p->lowFreq(), p->highFreq());
     m_screen.setStep(p->stepFreq());
-    if (m_screen.m_bandSwitched) {
+    if (m_familySwitched) {
         m_screen.setValue(p->playFreq());
-        m_screen.m_bandSwitched = false;
+        m_familySwitched = false;
     }
 }
 

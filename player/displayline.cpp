@@ -2,6 +2,7 @@
 
 #include "scrolllabel.h"
 #include "settingsutil.h"
+#include "translator.h"
 #include "ui_c20_003_tuner.h"
 
 namespace tuner {
@@ -75,9 +76,34 @@ void DisplayLine::setFrequencyText(const QString &text)
     mirror(ui->Txt_0035_rds_freq, ui->Txt_0019_rds_freq, text);
 }
 
-void DisplayLine::showUnit(const QString &text)
+void DisplayLine::showRecalledFrequency(const QString &text)
 {
-    mirror(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit, text);
+    for (QLabel *icon : {rdsIcon(), tpIcon()}) {
+        if (icon)
+            icon->hide();
+    }
+    showFrequency(text);
+}
+
+void DisplayLine::showUnit(bool fm)
+{
+    mirror(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit, Translator::translate(fm ? 40 : 50));
+}
+
+void DisplayLine::showInterruptPage()
+{
+    ui->stackedWidget_tuner->setCurrentWidget(ui->page_tuner_02);
+    ui->Icn_0015_rds->show();
+    ui->Icn_0016_tp->show();
+}
+
+void DisplayLine::showAmFrequencyPage()
+{
+    ui->Icn_0015_rds->hide();
+    ui->Icn_0016_tp->hide();
+    ui->Txt_0019_rds_freq->show();
+    ui->Txt_0020_rds_unit->show();
+    ui->Txt_0018_rds_name->hide();
 }
 
 } // namespace tuner

@@ -29,7 +29,13 @@ public:
     void showFrequency(const QString &text);
     // The same, on whichever page is up.
     void setFrequencyText(const QString &text);
-    void showUnit(const QString &text);
+    // A recalled preset's frequency, at once and without the station's icons.
+    void showRecalledFrequency(const QString &text);
+    void showUnit(bool fm);
+    // page_tuner_02 with its RDS and TP icons, under the interrupt popup.
+    void showInterruptPage();
+    // On AM, page_tuner_02 shows the frequency and nothing of RDS.
+    void showAmFrequencyPage();
 
 private:
     QLabel *pick(QLabel *mode1, QLabel *mode0) const;

@@ -1,23 +1,20 @@
 #include "interruptbanner.h"
 
+#include "displayline.h"
 #include "interruptpopup.h"
+#include "interrupts.h"
 #include "mcumanager.h"
-#include "nilo_radioservice_interface.h"
 #include "preferences.h"
-#include "settingsutil.h"
-#include "tunerplayer.h"
-#include "ui_c20_003_tuner.h"
+#include "rdsswitches.h"
+
+#include <QWidget>
 
 namespace tuner {
 
-namespace {
-
-enum PiTp { TaStart = 3, TaEnd = 4, AlarmStart = 5, AlarmEnd = 6 };
-
-} // namespace
-
-InterruptBanner::InterruptBanner(TunerPlayer &screen)
+InterruptBanner::InterruptBanner(QWidget *screen, DisplayLine &line, InterruptBookkeeping &interrupts)
     : m_screen(screen)
+    , m_line(line)
+    , m_interrupts(interrupts)
 {
 }
 
@@ -28,16 +25,13 @@ c35_011_interrupt_on_tuner *InterruptBanner::popup() const
 
 void InterruptBanner::raise(int state, int type)
 {
-    Ui::c20_003_tuner *ui = m_screen.ui;
-    ui->stackedWidget_tuner->setCurrentWidget(ui->page_tuner_02);
-    ui->Icn_0015_rds->show();
-    ui->Icn_0016_tp->show();
-    if (!m_screen.isVisible())
-        emit m_screen.taShowTunerPlayer();
+    m_line.showInterruptPage();
+    if (!m_screen->isVisible())
+        emit raisedHidden();
     if (!m_popup) {
-        m_popup = new c35_011_interrupt_on_tuner(&m_screen);
-        m_popup->setGeometry(m_screen.rect());
-        QObject::connect(m_popup, SIGNAL(cancel()), &m_screen, SLOT(onInterruptCancel()));
+        m_popup = new c35_011_interrupt_on_tuner(m_screen);
+        m_popup->setGeometry(m_screen->rect());
+        QObject::connect(m_popup, SIGNAL(cancel()), m_screen, SLOT(onInterruptCancel()));
     }
     m_state = state;
     m_popup->onInterruptType(InterruptType(type));
@@ -48,38 +42,37 @@ void InterruptBanner::raise(int state, int type)
 
 void InterruptBanner::status(int pitpState)
 {
-    Preferences *p = Preferences::getInstance();
-    if (cm::SettingsUtil::instance()->getRdsAfTaTpSupport() != 1 || !p->isFM())
+    Preferences *p = prefs();
+    if (!afTaTpSupported() || !p->isFM())
         return;
-    const bool alarmLive = p->alarmStatue() && !p->cancelAlarm();
     switch (pitpState) {
-    case TaStart:
-        if (!alarmLive)
-            raise(TaStart, INTERRUPT_TA);
+    case pitp::TaStart:
+        if (!InterruptBookkeeping::alarmLive())
+            raise(pitp::TaStart, INTERRUPT_TA);
         break;
-    case TaEnd:
-        if (!alarmLive && p->taStatus())
+    case pitp::TaEnd:
+        if (!InterruptBookkeeping::alarmLive() && p->taStatus())
             end();
         break;
-    case AlarmStart:
-        raise(AlarmStart, INTERRUPT_ALARM);
+    case pitp::AlarmStart:
+        raise(pitp::AlarmStart, INTERRUPT_ALARM);
         break;
-    case AlarmEnd:
+    case pitp::AlarmEnd:
         if (p->alarmStatue())
             end();
-        // An announcement the alarm interrupted comes back.
-        if ((p->taStatus() && !p->cancelTa()) || p->SouOffTa())
-            status(TaStart);
+        if (InterruptBookkeeping::announcementResumes())
+            status(pitp::TaStart);
         break;
     default:
         break;
     }
 }
 
+// We may be inside the popup's cancel() signal: it goes later.
 void InterruptBanner::takeDown()
 {
     if (m_popup)
-        m_popup->deleteLater(); // we may be inside its cancel() signal
+        m_popup->deleteLater();
     m_popup = nullptr;
     m_state = 0;
     McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
@@ -87,33 +80,16 @@ void InterruptBanner::takeDown()
 
 void InterruptBanner::dismissed()
 {
-    Preferences *p = Preferences::getInstance();
     takeDown();
-    if (p->taOrAlarm() == INTERRUPT_TA) {
-        m_screen.m_radio->taAlarmCancel(1);
-        emit m_screen.alarmCancel();
-        p->setCancelTa(true);
-    } else if (p->taOrAlarm() == INTERRUPT_ALARM) {
-        if (!p->taStatus() || p->cancelTa()) {
-            emit m_screen.alarmCancel();
-            p->setCancelAlarm(true);
-        } else {
-            p->setCancelAlarm(true);
-            emit m_screen.cancelTaAlarm();
-        }
-    }
+    m_interrupts.cancel();
 }
 
 void InterruptBanner::end()
 {
     if (!m_popup)
         return;
-    McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
-    if (Preferences::getInstance()->taOrAlarm() == INTERRUPT_TA)
-        m_screen.m_radio->taAlarmCancel(1);
-    m_state = 0;
-    m_popup->deleteLater();
-    m_popup = nullptr;
+    takeDown();
+    m_interrupts.releaseAnnouncement();
 }
 
 } // namespace tuner

@@ -1,32 +1,46 @@
 #pragma once
 
+#include <QObject>
 #include <QPointer>
+
+class QWidget;
 
 namespace tuner {
 
-class TunerPlayer;
+class DisplayLine;
+class InterruptBookkeeping;
 class c35_011_interrupt_on_tuner;
 
 // The traffic-announcement and alarm popup over the tuner screen: raised on
-// 3 (announcement) and 5 (alarm), taken down on 4 and 6 or when the user
+// an announcement or an alarm, taken down when it ends or when the driver
 // dismisses it. An alarm has priority over an announcement.
-class InterruptBanner
+class InterruptBanner : public QObject
 {
+    Q_OBJECT
 public:
-    explicit InterruptBanner(TunerPlayer &screen);
+    InterruptBanner(QWidget *screen, DisplayLine &line, InterruptBookkeeping &interrupts);
 
     void status(int pitpState);
+    // The driver dismissed it: the bookkeeping signals what follows.
     void dismissed();
+    // Takes the popup down, if it is up.
     void end();
     c35_011_interrupt_on_tuner *popup() const;
-    // 3 or 5 while the popup is up, else 0.
+    // pitp::TaStart or pitp::AlarmStart while the popup is up, else 0.
     int state() const { return m_state; }
+    bool isUp() const { return m_state != 0; }
+
+signals:
+    // Raised while the tuner screen is hidden: it is to be shown.
+    void raisedHidden();
 
 private:
     void raise(int state, int type);
     void takeDown();
 
-    TunerPlayer &m_screen;
+    QWidget *m_screen;
+    DisplayLine &m_line;
+    InterruptBookkeeping &m_interrupts;
     QPointer<c35_011_interrupt_on_tuner> m_popup;
     int m_state = 0;
 };

@@ -1,10 +1,10 @@
 #include "manualkeys.h"
 
 #include "nilo_radioservice_interface.h"
-#include "tunerkeys.h"
+#include "radiocontrol.h"
+#include "rdsstation.h"
 #include "tunerlog.h"
 #include "tunerplayer.h"
-#include "ui_c20_003_tuner.h"
 
 #include <QTimerEvent>
 
@@ -18,32 +18,35 @@ constexpr int kUnlockMs = 3000;
 
 } // namespace
 
-ManualKeys::ManualKeys(TunerPlayer &screen)
+ManualKeys::ManualKeys(TunerPlayer &screen, RadioControl &control, RdsStation &rds, QWidget *plusKey,
+                       QWidget *minusKey)
     : m_screen(screen)
+    , m_control(control)
+    , m_rds(rds)
+    , m_plusKey(plusKey)
+    , m_minusKey(minusKey)
 {
 }
 
-QWidget *ManualKeys::key(bool plus) const
+void ManualKeys::step(bool plus)
 {
-    Ui::c20_003_tuner *ui = m_screen.ui;
-    return plus ? static_cast<QWidget *>(ui->Key_0028_manual_plus) : ui->Key_0027_manual_minus;
+    plus ? m_screen.manualPlus() : m_screen.manualMinus();
 }
 
 void ManualKeys::clicked(bool plus)
 {
-    const auto status = m_screen.status();
+    const auto status = m_control.workStatus();
     if (status == WorkStatus::AutoStore)
         return;
-    m_screen.beep(0);
-    m_screen.clearRdsState();
+    m_control.beep(0);
+    m_rds.clear();
     if (isSeek(status)) {
-        m_screen.stopAndRetune();
+        m_control.stopAndRetune();
         return;
     }
     m_stepping = true;
-    plus ? m_screen.manualPlus() : m_screen.manualMinus();
-    m_screen.m_radio->tune(m_screen.freqValue());
-    m_screen.m_tuneRequested = true;
+    step(plus);
+    m_control.tune(m_screen.freqValue());
     // Until the service confirms the frequency, or the fallback gives up on it.
     key(plus)->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_unlock.start(kUnlockMs, this);
@@ -51,14 +54,14 @@ void ManualKeys::clicked(bool plus)
 
 void ManualKeys::pressed(bool plus)
 {
-    const auto status = m_screen.status();
+    const auto status = m_control.workStatus();
     if (status == WorkStatus::AutoStore)
         return;
-    m_screen.beep(1);
-    m_screen.clearRdsState();
+    m_control.beep(1);
+    m_rds.clear();
     if (isSeek(status))
-        m_screen.m_radio->terminate();
-    m_screen.m_radio->keyLongPress(1);
+        m_control.radio()->terminate();
+    m_control.radio()->keyLongPress(1);
     if (!repeat(plus).isActive())
         repeat(plus).start(kRepeatMs, this);
 }
@@ -68,9 +71,10 @@ void ManualKeys::released(bool plus)
 {
     if (repeat(plus).isActive()) {
         repeat(plus).stop();
-        m_screen.m_radio->keyLongPress(0);
+        m_control.radio()->keyLongPress(0);
     }
-    m_screen.m_radio->tune(m_screen.freqValue());
+    // The report of this tune is not awaited: the display already shows it.
+    m_control.radio()->tune(m_screen.freqValue());
 }
 
 void ManualKeys::unlock()
@@ -89,7 +93,7 @@ void ManualKeys::timerEvent(QTimerEvent *event)
         if (!m_screen.isVisible())
             released(plus);
         else
-            plus ? m_screen.manualPlus() : m_screen.manualMinus();
+            step(plus);
     } else if (id == m_unlock.timerId()) {
         TUNER_WAR() << "the manual step was not confirmed within" << kUnlockMs << "ms; its key is released.";
         unlock();

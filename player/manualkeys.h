@@ -7,6 +7,8 @@ class QWidget;
 
 namespace tuner {
 
+class RadioControl;
+class RdsStation;
 class TunerPlayer;
 
 // The manual step keys: a tap steps once and tunes, locking the key until the
@@ -15,7 +17,8 @@ class TunerPlayer;
 class ManualKeys : public QObject
 {
 public:
-    explicit ManualKeys(TunerPlayer &screen);
+    // The screen steps its frequency model; the keys are locked while they wait.
+    ManualKeys(TunerPlayer &screen, RadioControl &control, RdsStation &rds, QWidget *plusKey, QWidget *minusKey);
 
     void clicked(bool plus);
     void pressed(bool plus);
@@ -30,10 +33,15 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    QWidget *key(bool plus) const;
+    QWidget *key(bool plus) const { return plus ? m_plusKey : m_minusKey; }
     QBasicTimer &repeat(bool plus) { return plus ? m_plusRepeat : m_minusRepeat; }
+    void step(bool plus);
 
     TunerPlayer &m_screen;
+    RadioControl &m_control;
+    RdsStation &m_rds;
+    QWidget *m_plusKey;
+    QWidget *m_minusKey;
     QBasicTimer m_plusRepeat;
     QBasicTimer m_minusRepeat;
     QBasicTimer m_unlock;

@@ -77,6 +77,12 @@ QButtonGroup *PresetPages::group(int band) const
     return m_groups.at(band);
 }
 
+int PresetPages::litPreset(int band) const
+{
+    QButtonGroup *presets = group(band);
+    return presets ? presets->checkedId() : -1;
+}
+
 QLabel *PresetPages::label(int band, int id) const
 {
     if (band < 0 || band >= m_labels.size() || !validPreset(id))
@@ -105,12 +111,22 @@ void PresetPages::unlight(int band)
     presets->setExclusive(true);
 }
 
-void PresetPages::setText(int band, int id, const QString &text, bool name)
+void PresetPages::setText(int band, int id, const QString &text, Qt::Alignment alignment)
 {
     if (QLabel *preset = label(band, id)) {
-        preset->setAlignment((name ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter);
+        preset->setAlignment(alignment | Qt::AlignVCenter);
         preset->setText(text);
     }
+}
+
+void PresetPages::showFrequency(int band, int id, const QString &text)
+{
+    setText(band, id, text, Qt::AlignHCenter);
+}
+
+void PresetPages::showName(int band, int id, const QString &name)
+{
+    setText(band, id, name, Qt::AlignLeft);
 }
 
 void PresetPages::showFamily(bool fm)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <Qt>
 
 class QButtonGroup;
 class QLabel;
@@ -17,29 +18,35 @@ class ScrollManage;
 
 namespace tuner {
 
-// The five preset pages of the tuner screen (FM1..FM3, AM1, AM2): their button
-// groups and labels, the two scrolling families and the page indicator. The
-// groups and scrollers are children of the screen and report to its slots.
+// The five preset pages of the tuner screen (FM1..FM3, AM1, AM2): which
+// preset of a page is lit, what its labels show, the two scrolling families
+// and the page indicator. The groups and scrollers are children of the screen
+// and report to its slots.
 class PresetPages
 {
 public:
     PresetPages(Ui::c20_003_tuner *ui, QWidget *screen);
 
-    QButtonGroup *group(int band) const; // null, with a warning, for no band
-    QLabel *label(int band, int id) const; // null outside the pages
+    // The lit preset of a band's page, -1 for none.
+    int litPreset(int band) const;
     void light(int band, int id);
     // An exclusive group cannot uncheck its last button: this goes through a
     // non-exclusive group.
     void unlight(int band);
-    // Names sit to the left of a preset, frequencies in its centre.
-    void setText(int band, int id, const QString &text, bool name);
+    // A stored frequency sits in the centre of its preset, a station name to the left.
+    void showFrequency(int band, int id, const QString &text);
+    void showName(int band, int id, const QString &name);
     // Shows one family's pages and hides the other's.
     void showFamily(bool fm);
-    cm::ScrollManage *scroller(bool fm);
     void scrollToBand(int band, bool animated);
     void showPageImage(int band);
 
 private:
+    QButtonGroup *group(int band) const; // null, with a warning, for no band
+    QLabel *label(int band, int id) const; // null outside the pages
+    void setText(int band, int id, const QString &text, Qt::Alignment alignment);
+    cm::ScrollManage *scroller(bool fm);
+
     Ui::c20_003_tuner *ui;
     QWidget *m_screen;
     QList<QButtonGroup *> m_groups;

@@ -4,9 +4,8 @@
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "presetpages.h"
-#include "tunerkeys.h"
+#include "radiocontrol.h"
 #include "tunerplayer.h"
-#include "ui_c20_003_tuner.h"
 
 #include <QTimerEvent>
 
@@ -18,16 +17,19 @@ constexpr int kHoldMs = 1500;
 
 } // namespace
 
-PresetTouch::PresetTouch(TunerPlayer &screen)
+PresetTouch::PresetTouch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, DisplayLine &line)
     : m_screen(screen)
+    , m_control(control)
+    , m_pages(pages)
+    , m_line(line)
 {
 }
 
 void PresetTouch::pressed(int id)
 {
     m_stored = false;
-    if (m_screen.status() != WorkStatus::Idle)
-        m_screen.stopAndRetune();
+    if (m_control.workStatus() != WorkStatus::Idle)
+        m_control.stopAndRetune();
     m_hold.start(kHoldMs, this);
     m_pressed = id;
 }
@@ -48,18 +50,18 @@ void PresetTouch::clicked(int id, bool fromKey)
         m_stored = false;
     if (m_stored)
         return; // the hold already stored it
-    Preferences *p = Preferences::getInstance();
-    const auto status = m_screen.status();
-    m_screen.beep(0);
+    Preferences *p = prefs();
+    const auto status = m_control.workStatus();
+    m_control.beep(0);
     p->setNumberKeyInter(false);
     if (p->PTYSeachState() == kPtySearching || isPtySearch(status)) {
-        m_screen.m_radio->terminate();
+        m_control.radio()->terminate();
         m_screen.checkedId(id);
         return;
     }
     if (status == WorkStatus::AutoStore) {
         // Lit when the automatic store ends.
-        m_screen.m_radio->setPreset(id);
+        m_control.radio()->setPreset(id);
         p->setPresetIndex(id);
         p->setNumberKeyInter(true);
         p->setTaStatus(false);
@@ -69,7 +71,7 @@ void PresetTouch::clicked(int id, bool fromKey)
     p->setTaStatus(false);
     p->setAlarmStatus(false);
     p->setPresetIndex(id);
-    m_screen.m_radio->setPreset(id);
+    m_control.radio()->setPreset(id);
     if (p->isFM()) {
         m_screen.setPresetTaAf(id);
         if (id != m_lastClicked) {
@@ -78,42 +80,40 @@ void PresetTouch::clicked(int id, bool fromKey)
         }
     }
     if (!isSeek(status))
-        showRecalled(id);
+        m_line.showRecalledFrequency(m_screen.normalValue(p->favoritAt(id)));
     m_screen.checkedId(id);
 }
 
-// The recalled frequency is shown at once, without the station's icons.
-void PresetTouch::showRecalled(int id)
+void PresetTouch::storeFromKey(int id)
 {
-    Ui::c20_003_tuner *ui = m_screen.ui;
-    const int mode = m_screen.m_line.mode();
-    if (mode == 1) {
-        ui->Icn_0020_rds->hide();
-        ui->Icn_0021_tp->hide();
-    } else if (mode == 0) {
-        ui->Icn_0015_rds->hide();
-        ui->Icn_0016_tp->hide();
-    }
-    m_screen.m_line.showFrequency(m_screen.normalValue(Preferences::getInstance()->favoritAt(id)));
+    store(id, StoredBy::Key);
 }
 
-void PresetTouch::store(int id)
+void PresetTouch::store(int id, StoredBy by)
 {
-    Preferences *p = Preferences::getInstance();
-    const int freq = m_screen.lastFrequency();
-    if (m_screen.status() != WorkStatus::Idle)
-        m_screen.stopAndRetune();
-    m_stored = true;
-    m_screen.beep(1);
-    m_screen.m_radio->savePreset(id);
+    Preferences *p = prefs();
+    const int freq = m_control.lastFrequency();
+    if (by == StoredBy::Hold) {
+        if (m_control.workStatus() != WorkStatus::Idle)
+            m_control.stopAndRetune();
+        m_stored = true;
+    }
+    m_control.beep(1);
+    m_control.radio()->savePreset(id);
     m_screen.saveFavorite(id, freq);
-    m_screen.m_pages.setText(p->band(), id, m_screen.normalValue(freq), false);
+    m_pages.showFrequency(p->band(), id, m_screen.normalValue(freq));
     if (p->isFM()) {
         p->setFmAf(id, p->af());
         p->setFmTa(id, p->ta());
-        p->setSavePreset(id, p->curRdsName().isEmpty());
+        if (by == StoredBy::Hold)
+            p->setSavePreset(id, p->curRdsName().isEmpty());
     }
     m_screen.checkedId(id);
+    if (by == StoredBy::Key) {
+        if (p->isFM())
+            m_screen.onRdsName(p->curRdsName());
+        return;
+    }
     p->setPresetIndex(id);
     p->saveRdsName(p->band(), id, QString());
     if (p->isFM() && !p->curRdsName().isEmpty())
@@ -125,7 +125,7 @@ void PresetTouch::timerEvent(QTimerEvent *event)
     if (event->timerId() != m_hold.timerId())
         return QObject::timerEvent(event);
     m_hold.stop();
-    store(m_pressed);
+    store(m_pressed, StoredBy::Hold);
 }
 
 } // namespace tuner

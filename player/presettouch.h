@@ -5,29 +5,39 @@
 
 namespace tuner {
 
+class DisplayLine;
+class PresetPages;
+class RadioControl;
 class TunerPlayer;
 
 // Touches on the preset keys: a tap recalls the preset, a hold of 1.5 s
 // stores the playing station in it, and a swipe across the pages does neither.
+// The number keys of a remote recall and store through here as well.
 class PresetTouch : public QObject
 {
 public:
-    explicit PresetTouch(TunerPlayer &screen);
+    PresetTouch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, DisplayLine &line);
 
     void pressed(int id);
     void released();
     void swiped();
     // `fromKey`: a number key, which never follows a hold.
     void clicked(int id, bool fromKey);
+    // A number key held: the hold's store, without stopping a search and
+    // without touching the preset index or the stored name first.
+    void storeFromKey(int id);
 
 protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    void store(int id);
-    void showRecalled(int id);
+    enum class StoredBy { Hold, Key };
+    void store(int id, StoredBy by);
 
     TunerPlayer &m_screen;
+    RadioControl &m_control;
+    PresetPages &m_pages;
+    DisplayLine &m_line;
     QBasicTimer m_hold;
     int m_pressed = 0;
     int m_lastClicked = 6;

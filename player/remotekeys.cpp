@@ -1,37 +1,36 @@
 #include "remotekeys.h"
 
+#include "bandswitch.h"
 #include "hostevents.h"
+#include "interruptbanner.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "presetpages.h"
-#include "scrollmanage.h"
-#include "tunerkeys.h"
+#include "presettouch.h"
+#include "radiocontrol.h"
+#include "rdsstation.h"
+#include "rdsswitches.h"
 #include "tuneroptions.h"
 #include "tunerplayer.h"
 
-#include <QButtonGroup>
-#include <QLabel>
-
 namespace tuner {
 
-namespace {
-
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
-} // namespace
-
-RemoteKeys::RemoteKeys(TunerPlayer &screen)
+RemoteKeys::RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &pages, PresetTouch &touch,
+                       BandSwitch &bands, RdsStation &rds, const InterruptBanner &banner)
     : m_screen(screen)
+    , m_control(control)
+    , m_pages(pages)
+    , m_touch(touch)
+    , m_bands(bands)
+    , m_rds(rds)
+    , m_banner(banner)
 {
 }
 
 bool RemoteKeys::keyEvent(int key, int phase)
 {
     const bool shown = m_screen.isVisible() || g_TunerCurDSPL == DisplayOptionList;
-    const bool popup = m_screen.interruptState() == 3 || m_screen.interruptState() == 5;
+    const bool popup = m_banner.isUp();
     const KeyRole role = keyRole(key);
     if (role == KeyRole::Band) {
         const bool gate = (shown && !popup) || g_TunerCurDSPL == DisplayPtySearching
@@ -41,7 +40,7 @@ bool RemoteKeys::keyEvent(int key, int phase)
     if (!shown || popup)
         return false;
 
-    const bool store = m_screen.status() == WorkStatus::AutoStore;
+    const bool store = m_control.workStatus() == WorkStatus::AutoStore;
     switch (role) {
     case KeyRole::PresetNext:
     case KeyRole::PresetPrevious:
@@ -64,19 +63,19 @@ bool RemoteKeys::keyEvent(int key, int phase)
 bool RemoteKeys::bandKey(int phase)
 {
     if (phase == Qx::KeyPressed) {
-        m_screen.beep(0);
+        m_control.beep(0);
         return true;
     }
     if (phase != Qx::KeyShortReleased)
         return false;
-    const auto status = m_screen.status();
+    const auto status = m_control.workStatus();
     if (prefs()->PTYSeachState() == kPtySearching) {
-        m_screen.m_radio->terminate();
+        m_control.radio()->terminate();
         return true;
     }
     if (status == WorkStatus::AutoStore || isSeek(status))
-        m_screen.stopAndRetune();
-    nextBand();
+        m_control.stopAndRetune();
+    m_bands.nextBand();
     return true;
 }
 
@@ -84,19 +83,19 @@ bool RemoteKeys::presetStepKey(bool up, int phase)
 {
     switch (phase) {
     case Qx::KeyPressed:
-        m_screen.beep(0);
+        m_control.beep(0);
         return true;
     case Qx::KeyShortReleased:
         up ? nextPreset() : previousPreset();
         return true;
     case Qx::KeyLongPressed:
-        m_screen.beep(1);
+        m_control.beep(1);
         prefs()->setPresetIndex(0);
-        if (isSeek(m_screen.status())) {
-            m_screen.m_radio->terminate();
+        if (isSeek(m_control.workStatus())) {
+            m_control.radio()->terminate();
         } else {
             m_screen.clearCurFreqId();
-            up ? m_screen.m_radio->seekForward() : m_screen.m_radio->seekBackward();
+            m_control.seek(up);
         }
         return true;
     default:
@@ -110,12 +109,12 @@ bool RemoteKeys::presetNumberKey(int id, int phase)
     case Qx::KeyPressed:
         return true;
     case Qx::KeyShortReleased:
-        m_screen.m_touch.clicked(id, true);
+        m_touch.clicked(id, true);
         return true;
     case Qx::KeyLongPressed:
-        if (m_screen.status() == WorkStatus::AutoStore)
+        if (m_control.workStatus() == WorkStatus::AutoStore)
             return false;
-        storePreset(id);
+        m_touch.storeFromKey(id);
         return true;
     default:
         return false;
@@ -125,7 +124,7 @@ bool RemoteKeys::presetNumberKey(int id, int phase)
 bool RemoteKeys::presetRepeatKey(bool up, int phase)
 {
     if (phase == Qx::KeyPressed)
-        m_screen.beep(0);
+        m_control.beep(0);
     if (phase == Qx::KeyPressed || phase == Qx::KeyLongPressed)
         up ? nextPreset() : previousPreset();
     return phase >= Qx::KeyPressed && phase <= Qx::KeyLongReleased;
@@ -135,7 +134,7 @@ bool RemoteKeys::seekKey(bool up, int phase)
 {
     switch (phase) {
     case Qx::KeyPressed:
-        m_screen.beep(0);
+        m_control.beep(0);
         return true;
     case Qx::KeyShortReleased:
         m_screen.startSeek(up);
@@ -153,15 +152,15 @@ bool RemoteKeys::seekKey(bool up, int phase)
 
 bool RemoteKeys::stopKey(int phase)
 {
-    const auto status = m_screen.status();
+    const auto status = m_control.workStatus();
     if (status != WorkStatus::AutoStore && !isSeek(status))
         return false;
     if (phase == Qx::KeyPressed) {
-        m_screen.beep(0);
+        m_control.beep(0);
         return true;
     }
     if (phase == Qx::KeyShortReleased) {
-        m_screen.m_radio->terminate();
+        m_control.radio()->terminate();
         return true;
     }
     return false;
@@ -169,8 +168,8 @@ bool RemoteKeys::stopKey(int phase)
 
 void RemoteKeys::stepToBand(int band)
 {
-    m_screen.m_radio->setband(band);
-    m_screen.m_pages.scrollToBand(band, true);
+    m_control.radio()->setband(band);
+    m_pages.scrollToBand(band, true);
     prefs()->setBand(Band(band));
 }
 
@@ -179,25 +178,24 @@ void RemoteKeys::selectPreset(int id)
     Preferences *p = prefs();
     p->setPresetIndex(id);
     p->setCurrPlayFreqId(id);
-    m_screen.m_pages.light(p->band(), id);
-    m_screen.m_radio->setPreset(id);
+    m_pages.light(p->band(), id);
+    m_control.radio()->setPreset(id);
     if (p->isFM())
-        m_screen.setPresetTaAf(id);
-    m_screen.clearRdsState();
+        applyPresetTaAf(m_control.radio(), id);
+    m_rds.clear();
     p->setTaStatus(false);
     p->setAlarmStatus(false);
 }
 
 void RemoteKeys::nextPreset()
 {
-    if (m_screen.stopRunningSearch())
+    if (m_control.stopRunningSearch())
         return;
     Preferences *p = prefs();
     int next = p->playFreqId() + 1;
     if (!validPreset(next)) {
         next = 0;
-        QButtonGroup *presets = m_screen.m_pages.group(p->band());
-        if (presets && presets->checkedId() == kPresetCount - 1) {
+        if (m_pages.litPreset(p->band()) == kPresetCount - 1) {
             const int band = p->band();
             stepToBand(p->isFM() ? (band == BAND_FM3 ? BAND_FM1 : band + 1)
                                  : (band == BAND_AM2 ? BAND_AM1 : band + 1));
@@ -208,7 +206,7 @@ void RemoteKeys::nextPreset()
 
 void RemoteKeys::previousPreset()
 {
-    if (m_screen.stopRunningSearch())
+    if (m_control.stopRunningSearch())
         return;
     Preferences *p = prefs();
     const int id = p->playFreqId();
@@ -221,42 +219,6 @@ void RemoteKeys::previousPreset()
         next = kPresetCount - 1;
     }
     selectPreset(next);
-}
-
-void RemoteKeys::nextBand()
-{
-    Preferences *p = prefs();
-    m_screen.m_bandKeyFromRemote = true;
-    const int next = p->band() + 1;
-    if (next > BAND_AM2) {
-        p->setBand(BAND_AM2);
-        p->setBand_AM(BAND_AM2);
-        m_screen.on_Key_0020_switch_band_released();
-    } else if (next == BAND_AM1) {
-        m_screen.on_Key_0020_switch_band_released();
-    } else if (p->isFM()) {
-        p->setBand(Band(next));
-        m_screen.m_pages.scroller(true)->scrollToPage(next, true);
-    } else {
-        m_screen.m_pages.scroller(false)->scrollToPage(next - BAND_AM1, true);
-        p->setBand(Band(next));
-    }
-}
-
-void RemoteKeys::storePreset(int id)
-{
-    Preferences *p = prefs();
-    m_screen.beep(1);
-    m_screen.m_radio->savePreset(id);
-    m_screen.saveFavorite(id, m_screen.m_lastFreq);
-    if (QLabel *label = m_screen.m_pages.label(p->band(), id))
-        label->setText(m_screen.normalValue(m_screen.m_lastFreq));
-    m_screen.checkedId(id);
-    if (p->isFM()) {
-        p->setFmAf(id, p->af());
-        p->setFmTa(id, p->ta());
-        m_screen.onRdsName(p->curRdsName());
-    }
 }
 
 } // namespace tuner

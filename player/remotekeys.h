@@ -2,6 +2,12 @@
 
 namespace tuner {
 
+class BandSwitch;
+class InterruptBanner;
+class PresetPages;
+class PresetTouch;
+class RadioControl;
+class RdsStation;
 class TunerPlayer;
 
 // The remote and steering-wheel keys while the tuner screen is up: preset
@@ -10,14 +16,14 @@ class TunerPlayer;
 class RemoteKeys
 {
 public:
-    explicit RemoteKeys(TunerPlayer &screen);
+    RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &pages, PresetTouch &touch, BandSwitch &bands,
+               RdsStation &rds, const InterruptBanner &banner);
 
     // True when the key was consumed.
     bool keyEvent(int key, int phase);
     void nextPreset();
     // Unlike stepping up, the band change here follows the stored preset id.
     void previousPreset();
-    void nextBand();
 
 private:
     bool bandKey(int phase);
@@ -28,9 +34,14 @@ private:
     bool stopKey(int phase);
     void stepToBand(int band);
     void selectPreset(int id);
-    void storePreset(int id);
 
     TunerPlayer &m_screen;
+    RadioControl &m_control;
+    PresetPages &m_pages;
+    PresetTouch &m_touch;
+    BandSwitch &m_bands;
+    RdsStation &m_rds;
+    const InterruptBanner &m_banner;
 };
 
 } // namespace tuner

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QString>
 
+#include "tunerkeys.h"
+
 class QLabel;
 
 namespace Ui {
@@ -19,8 +21,10 @@ class SearchStatus : public QObject
 public:
     explicit SearchStatus(Ui::c20_003_tuner *form);
 
-    // A running animation keeps its period; only the text changes.
-    void show(int periodMs, const QString &text);
+    // The status line of what the service does, from its status: automatic
+    // store, seek or PTY search. A running animation keeps its period; only
+    // the text changes. Nothing for the idle service.
+    void show(WorkStatus status);
     void stop();
     bool isRunning() const { return m_dotsTimer.isActive(); }
 
@@ -28,6 +32,8 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    void show(int periodMs, const QString &text);
+
     Ui::c20_003_tuner *ui;
     QBasicTimer m_dotsTimer;
     QString m_dots;

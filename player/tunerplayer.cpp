@@ -3,22 +3,20 @@
 #include "busproxies.h"
 #include "busreply.h"
 #include "interruptpopup.h"
+#include "nilo_radioservice_interface.h"
 #include "preferences.h"
+#include "pushbutton.h"
 #include "radiochecks.h"
 #include "radioedge.h"
-#include "pushbutton.h"
+#include "rdsswitches.h"
 #include "scrolllabel.h"
-#include "swipe.h"
-#include "settingsutil.h"
 #include "stationreport.h"
+#include "swipe.h"
 #include "theme.h"
 #include "translator.h"
-#include "tunerkeys.h"
 #include "tunerlog.h"
-#include "tuneroptions.h"
 #include "ui_c20_003_tuner.h"
 
-#include <QButtonGroup>
 #include <QMouseEvent>
 #include <QTimer>
 
@@ -28,16 +26,6 @@ namespace {
 
 constexpr int kKeyLongPressMs = 2000;
 constexpr int kSeekSettleMs = 350;
-
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
-bool afTaTpSupported()
-{
-    return cm::SettingsUtil::instance()->getRdsAfTaTpSupport() == 1;
-}
 
 // The form's point sizes are pixel sizes on the panel.
 Ui::c20_003_tuner *buildForm(QWidget *screen)
@@ -53,21 +41,26 @@ Ui::c20_003_tuner *buildForm(QWidget *screen)
 TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge)
     : QWidget(parent)
     , ui(buildForm(this))
+    , m_control(bus::createRadioProxy(this), bus::createMcuProxy(this))
+    , m_interrupts(m_control.radio())
     , m_line(ui)
     , m_pages(ui, this)
-    , m_rds(ui, m_line, m_pages, m_dial)
-    , m_banner(*this)
-    , m_manual(*this)
-    , m_touch(*this)
-    , m_keys(*this)
+    , m_rds(ui, m_line, m_pages, m_dial, m_control)
+    , m_banner(this, m_line, m_interrupts)
+    , m_bands(*this, m_control, m_pages, m_rds, m_line, m_banner, ui->Key_0020_switch_band, ui->Txt_0017_band_name)
+    , m_manual(*this, m_control, m_rds, ui->Key_0028_manual_plus, ui->Key_0027_manual_minus)
+    , m_touch(*this, m_control, m_pages, m_line)
+    , m_keys(*this, m_control, m_pages, m_touch, m_bands, m_rds, m_banner)
     , m_search(ui)
-    , m_bands(*this)
+    , m_autoStore(*this, m_control, m_pages, m_rds)
 {
-    m_radio = bus::createRadioProxy(this);
-    m_mcu = bus::createMcuProxy(this);
+    connect(&m_banner, SIGNAL(raisedHidden()), this, SIGNAL(taShowTunerPlayer()));
+    connect(&m_interrupts, SIGNAL(alarmCancel()), this, SIGNAL(alarmCancel()));
+    connect(&m_interrupts, SIGNAL(cancelTaAlarm()), this, SIGNAL(cancelTaAlarm()));
+    connect(&m_bands, SIGNAL(familySwitched()), this, SIGNAL(showOptionItem()));
 
     init_widget();
-    m_lastFreq = prefs()->playFreq();
+    m_control.setLastFrequency(prefs()->playFreq());
     ui->stackedWidget_tuner->setCurrentWidget(ui->page_tuner_01);
     ui->Icn_0020_rds->hide();
     ui->Icn_0021_tp->hide();
@@ -75,17 +68,17 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge)
     ui->Txt_0037_rds_name->hide();
 
     m_seekSettle = new QTimer(this);
+    m_seekSettle->setSingleShot(true);
     connect(m_seekSettle, SIGNAL(timeout()), this, SLOT(onTimer()));
     initband();
     if (!radioEdge)
-        radioEdge = new RadioEdge(m_radio, this);
+        radioEdge = new RadioEdge(m_control.radio(), this);
     connect(radioEdge, SIGNAL(stationChanged(int,int)), this, SLOT(onFrequencyChanged(int,int)));
     connect(radioEdge, SIGNAL(ptyChanged(int,QString)), this, SLOT(onPtyChanged(int,QString)));
     connect(radioEdge, SIGNAL(work_status(int)), this, SLOT(onSeekState(int)));
     connect(radioEdge, SIGNAL(bandFMAMChang(int)), this, SLOT(onBandChangState(int)));
 
     synchronise();
-    m_initialised = true;
 }
 
 // The getters go out together. Until they are all in (the UI thread waits
@@ -93,16 +86,17 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge)
 void TunerPlayer::synchronise()
 {
     namespace check = radiocheck;
-    auto *batch = new bus::ReplyBatch(m_radio, this);
-    const auto bandId = batch->add(m_radio->freqBandId(), "freqBandId");
-    const auto ptyType = batch->add(m_radio->ptyType(), "ptyType");
-    const auto ptyName = batch->add(m_radio->rdsName(), "rdsName");
-    const auto workState = batch->add(m_radio->workStateType(), "workStateType");
+    NiloRadioServiceInterface *radio = m_control.radio();
+    auto *batch = new bus::ReplyBatch(radio, this);
+    const auto bandId = batch->add(radio->freqBandId(), "freqBandId");
+    const auto ptyType = batch->add(radio->ptyType(), "ptyType");
+    const auto ptyName = batch->add(radio->rdsName(), "rdsName");
+    const auto workState = batch->add(radio->workStateType(), "workStateType");
     const auto show = [=](bool answered) {
         Preferences *p = prefs();
-        m_lastFreq = p->playFreq();
+        m_control.setLastFrequency(p->playFreq());
         const bool bandRead = answered && bandId.ok();
-        onFrequencyChanged(m_lastFreq, bandRead ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
+        onFrequencyChanged(m_control.lastFrequency(), bandRead ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
         if (answered && ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))
             onPtyChanged(ptyType.value(), check::name(ptyName.value(), "rdsName"));
         onstatusChanged(p->rdsState());
@@ -152,8 +146,6 @@ void TunerPlayer::init_widget()
     connect(ui->Txt_0037_rds_name, SIGNAL(clicked()), ui->Txt_0037_rds_name, SLOT(slotClicked()));
 }
 
-// --- frequency model ---------------------------------------------------------------
-
 void TunerPlayer::setStep(int step)
 {
     m_dial.setStep(step, prefs()->isFM());
@@ -169,17 +161,12 @@ void TunerPlayer::setValue(int value)
     if (!m_dial.setValue(value))
         return;
     m_line.showFrequency(normalValue(value));
-    m_lastFreq = value;
-}
-
-int TunerPlayer::freqNormalize(int freq, int low, int high, int step)
-{
-    return FrequencyDial::normalize(freq, low, high, step);
+    m_control.setLastFrequency(value);
 }
 
 bool TunerPlayer::isValidFreq()
 {
-    const int freq = bus::replyValue(m_radio->frequency(), "frequency");
+    const int freq = bus::replyValue(m_control.radio()->frequency(), "frequency");
     return freqNormalize(freq, prefs()->lowFreq(), prefs()->highFreq(), prefs()->stepFreq()) > 0;
 }
 
@@ -205,27 +192,12 @@ void TunerPlayer::manualMinus()
     setValue(m_dial.next(false));
 }
 
-// The band name and the preset pages of one family.
-void TunerPlayer::showBandFamily(bool fm)
-{
-    ui->Txt_0017_band_name->setText(Translator::translate(fm ? 39 : 49));
-    m_pages.showFamily(fm);
-}
-
-void TunerPlayer::showUnit(bool fm)
-{
-    m_line.showUnit(Translator::translate(fm ? 40 : 50));
-}
-
 void TunerPlayer::retranslate()
 {
-    const bool fm = prefs()->isFM();
-    ui->Txt_0017_band_name->setText(Translator::translate(fm ? 39 : 49));
-    showUnit(fm);
-    if (m_search.isRunning()) {
-        if (const int id = searchTextId(m_workStatus))
-            m_search.show(500, Translator::translate(id));
-    }
+    m_bands.retranslate();
+    showRdsUnit();
+    if (m_search.isRunning())
+        m_search.show(m_control.workStatus());
     if (c35_011_interrupt_on_tuner *popup = m_banner.popup())
         popup->retranslate();
 }
@@ -233,15 +205,10 @@ void TunerPlayer::retranslate()
 void TunerPlayer::updateBandInfo()
 {
     Preferences *p = prefs();
-    showBandFamily(p->isFM());
-    if (!p->isFM()) {
-        ui->Icn_0015_rds->hide();
-        ui->Icn_0016_tp->hide();
-        ui->Txt_0019_rds_freq->show();
-        ui->Txt_0020_rds_unit->show();
-        ui->Txt_0018_rds_name->hide();
-    }
-    showUnit(p->isFM());
+    m_bands.showFamily(p->isFM());
+    if (!p->isFM())
+        m_line.showAmFrequencyPage();
+    showRdsUnit();
     updateLabelFreq();
     setValue(p->playFreq());
     m_pages.showPageImage(p->band());
@@ -260,14 +227,12 @@ void TunerPlayer::updateLabelFreq()
         updateRdsName();
 }
 
-// --- presets -----------------------------------------------------------------------
-
 void TunerPlayer::setLabelValue(const int *values, int count)
 {
     const int firstRow = prefs()->isFM() ? BAND_FM1 : BAND_AM1;
     const int rows = prefs()->isFM() ? kFmBandCount : kAmBandCount;
     for (int i = 0; i < count && i < rows * kPresetCount; ++i)
-        m_pages.setText(firstRow + i / kPresetCount, i % kPresetCount, normalValue(values[i]), false);
+        m_pages.showFrequency(firstRow + i / kPresetCount, i % kPresetCount, normalValue(values[i]));
 }
 
 void TunerPlayer::updateRdsName()
@@ -278,7 +243,7 @@ void TunerPlayer::updateRdsName()
         for (int id = 0; id < kPresetCount; ++id) {
             const QString name = prefs()->rdsName(Band(band), id);
             if (!name.isEmpty())
-                m_pages.setText(band, id, Preferences::delControlChar(name), true);
+                m_pages.showName(band, id, Preferences::delControlChar(name));
         }
     }
 }
@@ -330,29 +295,6 @@ void TunerPlayer::saveFavorite(int id, int freq)
     prefs()->setFavoriteFreq(id, freq);
 }
 
-void TunerPlayer::setPresetTaAf(int id)
-{
-    if (!afTaTpSupported())
-        return;
-    Preferences *p = prefs();
-    const bool ta = p->fmTA(id);
-    const bool af = p->fmAf(id);
-    p->setAf(af);
-    p->setTa(ta);
-    m_radio->setTa(ta);
-    m_radio->setAf(af);
-}
-
-void TunerPlayer::onButGroupClicked(int id)
-{
-    m_touch.clicked(id, false);
-}
-
-void TunerPlayer::onButGroupPressed(int id)
-{
-    m_touch.pressed(id);
-}
-
 // A swipe across the presets never stores one.
 void TunerPlayer::onScrollerState(QScroller::State state)
 {
@@ -360,120 +302,33 @@ void TunerPlayer::onScrollerState(QScroller::State state)
         m_touch.swiped();
 }
 
-void TunerPlayer::onAutoScan()
-{
-    clearRdsState();
-    if (status() != WorkStatus::Idle) {
-        stopAndRetune();
-        return;
-    }
-    Preferences *p = prefs();
-    QButtonGroup *presets = m_pages.group(p->band());
-    if (presets && presets->checkedId() == -1)
-        p->clearBtmFreqId();
-    p->btmStart();
-    clearFreqId();
-    p->clearBtmFreqId();
-    m_radio->autoScan();
-    m_tuneRequested = true;
-}
-
-void TunerPlayer::onAutoScanCompleted(QString)
-{
-    Preferences *p = prefs();
-    updateLabelFreq();
-    const int id = p->numberKeyInter() ? p->btmFreqIdAfter() : p->curBandFreqId();
-    const int band = p->btmband();
-    QButtonGroup *presets = m_pages.group(band);
-    if (!presets)
-        return;
-    presets->setExclusive(true);
-    if (validPreset(id) && p->favoritBandAt(Band(band), id) == p->playFreq()) {
-        presets->button(id)->setChecked(true);
-        p->setCurrPlayFreqId(id);
-    }
-}
-
-void TunerPlayer::BTMafterHLightFreq()
-{
-    Preferences *p = prefs();
-    const int id = p->numberKeyInter() ? p->btmFreqIdAfter() : p->curBandFreqId();
-    p->setNumberKeyInter(false);
-    m_pages.light(p->band(), id);
-    if (validPreset(id))
-        p->setCurrPlayFreqId(id);
-}
-
-// --- tuning keys -------------------------------------------------------------------
-
-void TunerPlayer::beep(int state)
-{
-    m_mcu->triggerBeep(state);
-}
-
-void TunerPlayer::clearRdsState()
-{
-    onstatusChanged(0);
-    prefs()->setRdsStatus(0);
-    onRdsName(QString());
-}
-
-void TunerPlayer::stopAndRetune()
-{
-    m_radio->terminate();
-    m_radio->tune(prefs()->playFreq());
-}
-
 // A seek while searching only stops the search; false then.
 bool TunerPlayer::startSeek(bool up)
 {
-    clearRdsState();
-    if (isSeek(status()) || isPtySearch(status())) {
-        stopAndRetune();
+    m_rds.clear();
+    const WorkStatus status = m_control.workStatus();
+    if (isSeek(status) || isPtySearch(status)) {
+        m_control.stopAndRetune();
         return false;
     }
     clearCurFreqId();
     prefs()->setPresetIndex(0);
-    up ? m_radio->seekForward() : m_radio->seekBackward();
+    m_control.seek(up);
     return true;
 }
 
 void TunerPlayer::seek(bool up)
 {
-    beep(0);
-    if (status() == WorkStatus::AutoStore || !startSeek(up))
+    m_control.beep(0);
+    if (m_control.workStatus() == WorkStatus::AutoStore || !startSeek(up))
         return;
-    m_tuneRequested = true;
-    m_seeking = true;
-}
-
-void TunerPlayer::onSeekPlus()
-{
-    seek(true);
-}
-
-void TunerPlayer::onSeekMinus()
-{
-    seek(false);
+    m_control.seekStarted();
 }
 
 void TunerPlayer::onOptionMenu()
 {
-    beep(0);
+    m_control.beep(0);
     emit showOptionWnd();
-}
-
-bool TunerPlayer::onTerminate()
-{
-    if (status() == WorkStatus::AutoStore) {
-        m_radio->terminate();
-        return true;
-    }
-    if (status() != WorkStatus::Idle || prefs()->PTYSeachState() == kPtySearching) {
-        stopAndRetune();
-        return true;
-    }
-    return false;
 }
 
 void TunerPlayer::mousePressEvent(QMouseEvent *event)
@@ -495,19 +350,17 @@ void TunerPlayer::mouseReleaseEvent(QMouseEvent *event)
         onSeekMinus();
         break;
     case Swipe::Up:
-        beep(0);
+        m_control.beep(0);
         IrUpSelectFreqId();
         break;
     case Swipe::Down:
-        beep(0);
+        m_control.beep(0);
         IrDownSelectFreqId();
         break;
     case Swipe::None:
         break;
     }
 }
-
-// --- reports from the radio service -------------------------------------------------
 
 void TunerPlayer::onFrequencyChanged(int freq, int band)
 {
@@ -524,24 +377,24 @@ void TunerPlayer::onFrequencyChanged(int freq, int band)
     setStep(p->stepFreq());
     updateBandInfo();
 
-    if (f <= 0 && (m_tuneRequested || band != p->band())) {
+    if (f <= 0 && (m_control.tuneRequested() || band != p->band())) {
         p->setBand(Band(band));
         if (inFm)
             p->setPlayFreq(p->band_FM(), freq);
         if (inAm)
             p->setPlayFreq(p->band_AM(), freq);
-        m_tuneRequested = false;
+        m_control.tuneReported();
     }
     if (f <= 0) {
-        m_lastFreq = p->playFreq();
-        setValue(m_lastFreq);
+        m_control.setLastFrequency(p->playFreq());
+        setValue(m_control.lastFrequency());
         onWorkStatus(0);
         return;
     }
     if (band != p->band())
         return;
     if (!m_manual.stepping()) {
-        m_seeking = false;
+        m_control.seekEnded();
         setValue(f);
     }
     p->setCurrPlayFreq(f);
@@ -557,7 +410,7 @@ void TunerPlayer::onFrequencyChanged(int freq, int band)
 void TunerPlayer::onSeekState(int state)
 {
     if (WorkStatus(state) == WorkStatus::Idle) {
-        m_workStatus = state;
+        m_control.setWorkStatus(WorkStatus::Idle);
         m_seekSettle->start(kSeekSettleMs);
         return;
     }
@@ -566,57 +419,30 @@ void TunerPlayer::onSeekState(int state)
 
 void TunerPlayer::onTimer()
 {
-    m_seekSettle->stop();
-    onWorkStatus(m_workStatus);
-}
-
-// The status line's text while the service works, 0 when it is idle.
-int TunerPlayer::searchTextId(int workStatus) const
-{
-    const bool local = prefs()->isLocal();
-    switch (WorkStatus(workStatus)) {
-    case WorkStatus::AutoStore:
-        return 45;
-    case WorkStatus::SeekUp:
-        return local ? 43 : 41;
-    case WorkStatus::SeekDown:
-        return local ? 44 : 42;
-    case WorkStatus::PtySearchUp:
-        return 48;
-    case WorkStatus::PtySearchDown:
-        return 47;
-    default:
-        return 0;
-    }
+    onWorkStatus(int(m_control.workStatus()));
 }
 
 void TunerPlayer::onWorkStatus(int state)
 {
-    m_workStatus = state;
     const auto reported = WorkStatus(state);
-    if (reported == WorkStatus::AutoStore)
-        m_search.show(500, Translator::translate(searchTextId(state)));
-    else if (isSeek(reported))
-        m_search.show(400, Translator::translate(searchTextId(state)));
+    m_control.setWorkStatus(reported);
+    if (reported == WorkStatus::AutoStore || isSeek(reported))
+        m_search.show(reported);
     if (reported == WorkStatus::Idle) {
         m_search.stop();
-        setValue(m_lastFreq);
+        setValue(m_control.lastFrequency());
         showRdsUnit();
     }
     if (afTaTpSupported() && prefs()->isFM() && isPtySearch(reported)) {
-        m_search.show(500, Translator::translate(searchTextId(state)));
+        m_search.show(reported);
         prefs()->setPresetIndex(0);
         clearCurFreqId();
     }
 }
 
-void TunerPlayer::onSerchTimer() {}
-
-// --- RDS ---------------------------------------------------------------------------
-
 void TunerPlayer::showRdsUnit()
 {
-    showUnit(prefs()->isFM());
+    m_line.showUnit(prefs()->isFM());
 }
 
 void TunerPlayer::onPtyChanged(int pty, QString)
@@ -627,60 +453,20 @@ void TunerPlayer::onPtyChanged(int pty, QString)
     prefs()->setPtyItem(pty);
 }
 
-void TunerPlayer::onSetTa()
-{
-    const bool ta = prefs()->ta();
-    m_radio->rdsCtrl(ta, prefs()->af(), prefs()->regional());
-    m_radio->setTa(ta);
-}
-
-void TunerPlayer::onSetAf()
-{
-    const bool af = prefs()->af();
-    m_radio->setAf(af);
-    m_radio->rdsCtrl(prefs()->ta(), af, prefs()->regional());
-}
-
-void TunerPlayer::onSetRegional()
-{
-    m_radio->rdsCtrl(prefs()->ta(), prefs()->af(), prefs()->regional());
-}
-
 // A running search restarts from the stored frequency under the new sensitivity.
 void TunerPlayer::onSetLocal()
 {
-    m_radio->config(prefs()->isLocal(), 1, 1);
-    if (status() == WorkStatus::AutoStore) {
-        m_radio->terminate();
-    } else if (isSeek(status())) {
-        stopAndRetune();
-    }
+    m_control.radio()->config(prefs()->isLocal(), 1, 1);
+    m_control.stopStoreOrSeek();
 }
 
 void TunerPlayer::onSetPty(int value)
 {
-    clearRdsState();
-    if (status() == WorkStatus::AutoStore) {
-        m_radio->terminate();
-    } else if (isSeek(status())) {
-        stopAndRetune();
-    }
+    m_rds.clear();
+    m_control.stopStoreOrSeek();
     clearCurFreqId();
     prefs()->setPresetIndex(0);
-    m_radio->ptySearch(value);
-}
-
-// --- remote and steering keys ------------------------------------------------------
-
-// A running search is only stopped, never stepped over.
-bool TunerPlayer::stopRunningSearch()
-{
-    const SearchGate gate = searchGate(status());
-    if (gate == SearchGate::Stop)
-        m_radio->terminate();
-    else if (gate == SearchGate::StopAndRetune)
-        stopAndRetune();
-    return gate != SearchGate::Run;
+    m_control.radio()->ptySearch(value);
 }
 
 } // namespace tuner

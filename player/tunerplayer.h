@@ -1,28 +1,24 @@
 #pragma once
 
+#include "autostore.h"
 #include "bandswitch.h"
 #include "displayline.h"
 #include "frequencydial.h"
 #include "interruptbanner.h"
+#include "interrupts.h"
 #include "manualkeys.h"
 #include "presetpages.h"
 #include "presettouch.h"
-#include "rdsdisplay.h"
+#include "radiocontrol.h"
+#include "rdsstation.h"
+#include "rdsswitches.h"
 #include "remotekeys.h"
 #include "searchstatus.h"
-#include "tunerkeys.h"
 
-#include <QBasicTimer>
-#include <QList>
 #include <QPoint>
-#include <QPointer>
 #include <QScroller>
 #include <QWidget>
 
-class NiloMcuServiceInterface;
-class NiloRadioServiceInterface;
-class QButtonGroup;
-class QLabel;
 class QTimer;
 
 namespace Ui {
@@ -34,17 +30,19 @@ namespace tuner {
 class c35_011_interrupt_on_tuner;
 class RadioEdge;
 
-// The tuner's main screen: frequency display and tuning, automatic store, the
-// RDS name and icons and the interrupt popup. The frequency grid, the preset
-// pages, the display-line widgets and the remote keys are its collaborators.
+// The tuner's main screen, and the face its window and the form's signals
+// see. The work is its collaborators':
+// - RadioControl: the radio commands and what the screen remembers of them;
+// - FrequencyDial, DisplayLine, RdsStation, SearchStatus: what the display line shows;
+// - PresetPages, PresetTouch: the preset pages and touches on them;
+// - ManualKeys, BandSwitch, RemoteKeys: the step keys, the bands, the remote's keys;
+// - AutoStore: the automatic store;
+// - InterruptBanner: the traffic-announcement and alarm popup.
+// Several public members are the interface the head unit's code calls by
+// name; where nothing here calls them, they stay for it.
 class TunerPlayer : public QWidget
 {
     Q_OBJECT
-    friend class BandSwitch;
-    friend class InterruptBanner;
-    friend class ManualKeys;
-    friend class PresetTouch;
-    friend class RemoteKeys;
 
 public:
     // The radio's reports come through `radioEdge` (the main window's); without
@@ -54,13 +52,13 @@ public:
 
     // Frequency model.
     void setStep(int step);
-    void recalc();
+    void recalc(); // interface for the host's code: nothing here calls it
     void setRange(int low, int high) { m_dial.setRange(low, high); }
     void setValue(int value);
     QString normalValue(int value) const { return m_dial.text(value); }
     int freqValue() const { return m_dial.value(); }
-    static int freqNormalize(int freq, int low, int high, int step);
-    bool isValidFreq();
+    static int freqNormalize(int freq, int low, int high, int step) { return FrequencyDial::normalize(freq, low, high, step); }
+    bool isValidFreq(); // interface for the host's code: nothing here calls it
     void manualPlus();
     void manualMinus();
     void updateBandInfo();
@@ -77,9 +75,12 @@ public:
     void clearFreqId();
     void scrollToPage(int band);
     void saveFavorite(int id, int freq);
-    void setPresetTaAf(int id);
-    void BTMafterHLightFreq();
+    void setPresetTaAf(int id) { applyPresetTaAf(m_control.radio(), id); }
+    // Interface for the host's code: nothing here calls it.
+    void BTMafterHLightFreq() { m_autoStore.lightChosenPreset(); }
     void initband() { m_bands.showStoredBand(); }
+    // A seek from the keys: false when it only stopped a search.
+    bool startSeek(bool up);
 
     // RDS and interrupts.
     void showRdsUnit();
@@ -89,15 +90,14 @@ public:
     bool onIrKeyEvent(int key, int state) { return m_keys.keyEvent(key, state); }
     void IrUpSelectFreqId() { m_keys.nextPreset(); }
     void IrDownSelectFreqId() { m_keys.previousPreset(); }
-    void IrBandChanged() { m_keys.nextBand(); }
+    void IrBandChanged() { m_bands.nextBand(); }
 
     // Reads the radio service's station, programme type and work state and
     // shows them (at construction, and when the service is new on the bus).
     void synchronise();
 
-    int workStatus() const { return m_workStatus; }
-    WorkStatus status() const { return WorkStatus(m_workStatus); }
-    int lastFrequency() const { return m_lastFreq; }
+    WorkStatus workStatus() const { return m_control.workStatus(); }
+    // What the popup shows, for the tests.
     int interruptState() const { return m_banner.state(); }
     c35_011_interrupt_on_tuner *interruptPopup() const { return m_banner.popup(); }
 
@@ -112,31 +112,31 @@ signals:
     void showOptionItem();
 
 public slots:
-    bool onTerminate();
+    bool onTerminate() { return m_control.stopAnySearch(); }
     void onPiTpStatus(int pitpState) { m_banner.status(pitpState); }
-    void onAutoScanCompleted(QString freqList);
+    void onAutoScanCompleted(QString freqList) { Q_UNUSED(freqList) m_autoStore.completed(); }
     void onFrequencyChanged(int freq, int band);
     void onBandChangState(int state) { m_bands.switchDone(state); }
-    void onstatusChanged(int state) { m_rds.showStatus(state, m_lastFreq); }
+    void onstatusChanged(int state) { m_rds.showStatus(state); }
     void onRdsName(QString name) { m_rds.showName(name); }
     void onTimer();
     void onScrollerState(QScroller::State);
-    void onButGroupClicked(int);
-    void onButGroupPressed(int);
+    void onButGroupClicked(int id) { m_touch.clicked(id, false); }
+    void onButGroupPressed(int id) { m_touch.pressed(id); }
     void onButGroupReleased(int) { m_touch.released(); }
     void onSetLocal();
-    void onSetTa();
-    void onSetAf();
-    void onSetRegional();
+    void onSetTa() { sendTa(m_control.radio()); }
+    void onSetAf() { sendAf(m_control.radio()); }
+    void onSetRegional() { sendRegional(m_control.radio()); }
     void onSetPty(int value);
-    void onAutoScan();
+    void onAutoScan() { m_autoStore.start(); }
     void onInterruptCancel() { m_banner.dismissed(); }
     void onPtyChanged(int, QString);
     void onSeekState(int);
     void onWorkStatus(int);
-    void onSerchTimer();
-    void onSeekPlus();
-    void onSeekMinus();
+    void onSerchTimer() {} // in the meta-object for the host; nothing connects it
+    void onSeekPlus() { seek(true); }
+    void onSeekMinus() { seek(false); }
     void onOptionMenu();
     void onManualPlusClicked() { m_manual.clicked(true); }
     void onManualPlusPressed() { m_manual.pressed(true); }
@@ -154,40 +154,24 @@ protected:
 
 private:
     void init_widget();
-    void clearRdsState();
-    void beep(int state);
-    void stopAndRetune();
-    bool startSeek(bool up);
-    void showBandFamily(bool fm);
-    void showUnit(bool fm);
-    int searchTextId(int workStatus) const;
     void seek(bool up);
     void unlightPlayingPreset();
-    bool stopRunningSearch();
 
     Ui::c20_003_tuner *ui;
-    NiloRadioServiceInterface *m_radio;
-    NiloMcuServiceInterface *m_mcu;
-
+    RadioControl m_control;
+    InterruptBookkeeping m_interrupts;
     FrequencyDial m_dial;
     DisplayLine m_line;
     PresetPages m_pages;
-    RdsDisplay m_rds;
+    RdsStation m_rds;
     InterruptBanner m_banner;
+    BandSwitch m_bands;
     ManualKeys m_manual;
     PresetTouch m_touch;
     RemoteKeys m_keys;
     SearchStatus m_search;
-    BandSwitch m_bands;
-    int m_lastFreq = 0;
-    int m_workStatus = 0;
-    bool m_tuneRequested = false;
-    bool m_seeking = false;
-    bool m_bandKeyFromRemote = false;
-    bool m_bandSwitched = false;
-    bool m_initialised = false;
+    AutoStore m_autoStore;
     QPoint m_pressPoint{-1, -1};
-
     QTimer *m_seekSettle = nullptr;
 };
 

@@ -16,7 +16,10 @@ enum Band { BAND_FM1 = 0, BAND_FM2 = 1, BAND_FM3 = 2, BAND_AM1 = 3, BAND_AM2 = 4
 enum InterruptType { INTERRUPT_NONE = 0, INTERRUPT_ALARM = 1, INTERRUPT_TA = 2 };
 
 constexpr int kNoPreset = 6; // preset id meaning "no preset lit"
-constexpr int kPtySearching = 3; // PTYSeachState() while a PTY search runs
+// The radio's PTY search states (seekState, PTYSeachState()).
+constexpr int kPtySearching = 3;
+constexpr int kPtyNotFound = 4;
+constexpr int kPtyFound = 6;
 
 // The tuner's whole state. Persistent setters change the radio configuration
 // (or the settings file) only when the value changes; the changes of one burst
@@ -152,6 +155,9 @@ public:
     int stepFreq() const { return current().step; }
     int curBandFreqId() const { return m_bands[m_btmBand].btmFreqIdBefore; }
     int btmFreqIdAfter() const { return m_bands[m_btmBand].presetIndex; }
+    // The preset lit when an automatic store ends: one chosen by a number key
+    // during the store, else the one lit before it.
+    int presetAfterStore() const { return m_numberKeyInter ? btmFreqIdAfter() : curBandFreqId(); }
     int favoritAt(int index) const;
     int favoritBandAt(Band band, int index) const;
     bool fmTA(int index) const;
@@ -235,5 +241,11 @@ private:
     std::unique_ptr<IniFile> m_radioConf;
     std::unique_ptr<IniFile> m_settings;
 };
+
+// The tuner's preferences, as everything that reads or keeps them calls them.
+inline Preferences *prefs()
+{
+    return Preferences::getInstance();
+}
 
 } // namespace tuner

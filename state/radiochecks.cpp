@@ -9,11 +9,6 @@ namespace tuner::radiocheck {
 
 namespace {
 
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
 bool isControl(QChar c)
 {
     return c.unicode() < 0x20 || c.unicode() == 0x7F;

@@ -12,7 +12,6 @@ namespace tuner {
 
 namespace {
 
-constexpr int kPtyNotFound = 4;
 constexpr int kIdle = 0;
 
 } // namespace

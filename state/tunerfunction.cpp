@@ -3,7 +3,7 @@
 #include "busproxies.h"
 #include "frequencydial.h"
 #include "preferences.h"
-#include "settingsutil.h"
+#include "rdsswitches.h"
 #include "tunerlog.h"
 
 #include <QTimerEvent>
@@ -16,11 +16,6 @@ namespace {
 
 constexpr int kManualRepeatMs = 300;
 constexpr int kPresetRepeatMs = 500;
-
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
 
 WorkStatus workStatus()
 {
@@ -178,17 +173,6 @@ void tunerfunction::ManualMinusReleased()
     manualReleased(m_manualMinusTimer);
 }
 
-void tunerfunction::applyPresetTaAf(int preset)
-{
-    Preferences *p = prefs();
-    if (cm::SettingsUtil::instance()->getRdsAfTaTpSupport() != 1)
-        return;
-    p->setAf(p->fmAf(preset));
-    p->setTa(p->fmTA(preset));
-    m_radio->setTa(p->ta());
-    m_radio->setAf(p->af());
-}
-
 void tunerfunction::stepToPreset(int preset)
 {
     Preferences *p = prefs();
@@ -196,7 +180,7 @@ void tunerfunction::stepToPreset(int preset)
     m_radio->setPreset(preset);
     if (!p->isFM())
         return;
-    applyPresetTaAf(preset);
+    applyPresetTaAf(m_radio, preset);
     clearRdsState();
     p->setTaStatus(false);
     p->setAlarmStatus(false);
@@ -291,7 +275,7 @@ void tunerfunction::presetSelect(int index)
     m_radio->setPreset(index);
     if (!p->isFM())
         return;
-    applyPresetTaAf(index);
+    applyPresetTaAf(m_radio, index);
     p->setRdsStatus(0);
 }
 

@@ -62,7 +62,6 @@ private:
     void manualPressed(QBasicTimer &timer);
     void manualReleased(QBasicTimer &timer);
     void stepToPreset(int preset);
-    void applyPresetTaAf(int preset);
 
     static tunerfunction *p_Instance;
 

@@ -68,7 +68,7 @@ private slots:
 
         m_fakes->radio()->setAnswers({{"bandId", 2}, {"freqBandId", 2}, {"workStateType", 1}, {"RDSstate", 3}});
         QVERIFY(late ? m_fakes->start() : m_fakes->restart());
-        QTRY_COMPARE(player()->workStatus(), 1);
+        QTRY_COMPARE(player()->workStatus(), WorkStatus::AutoStore);
         QCOMPARE(int(prefs()->band()), 2);
         QCOMPARE(prefs()->playFreq(), 10020);
         QCOMPARE(prefs()->rdsState(), 3);
@@ -80,7 +80,7 @@ private slots:
     {
         makeWindow();
         fromService([](NiloRadioServiceBackend *radio) { emit radio->work_status(2); });
-        QTRY_COMPARE(player()->workStatus(), 2);
+        QTRY_COMPARE(player()->workStatus(), WorkStatus::SeekUp);
         QCOMPARE(prefs()->workState(), 2);
 
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("left while busy"));

@@ -300,7 +300,7 @@ private slots:
         m_player->onSeekState(2);
         QCOMPARE(page(), QStringLiteral("page_tuner_04"));
         m_player->onSeekState(0);
-        QCOMPARE(m_player->workStatus(), 0);
+        QCOMPARE(m_player->workStatus(), WorkStatus::Idle);
         QCOMPARE(page(), QStringLiteral("page_tuner_04")); // not yet: the station report may still come
         QTRY_COMPARE(page(), QStringLiteral("page_tuner_01"));
     }

@@ -15,8 +15,6 @@ namespace tuner {
 
 namespace {
 constexpr int kReturnMs = 5000;
-constexpr int kPtyNotFound = 4;
-constexpr int kPtyFound = 6;
 } // namespace
 
 MainWidget::MainWidget(QWidget *parent, RadioEdge *radioEdge)

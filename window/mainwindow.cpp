@@ -3,47 +3,33 @@
 #include "audiomanager.h"
 #include "busproxies.h"
 #include "busreply.h"
+#include "hardwarekeys.h"
 #include "hostevents.h"
 #include "mainwidget.h"
 #include "mcumanager.h"
+#include "nilo_radioservice_interface.h"
+#include "nilo_sourceservice_interface.h"
 #include "preferences.h"
 #include "radioedge.h"
 #include "radiostateread.h"
-#include "settingsutil.h"
-#include "tunerfunction.h"
+#include "rdsswitches.h"
 #include "tunerkeys.h"
-#include "tunerlog.h"
 #include "tuneroptions.h"
 
-#include <QTimerEvent>
 #include <QVector>
 
 namespace tuner {
 
 namespace {
 
-constexpr int kPresetRepeatMs = 1000;
+// The source service's source of traffic announcements.
 constexpr int kSourceTa = 6;
-
-Preferences *prefs()
-{
-    return Preferences::getInstance();
-}
-
-tunerfunction *keys()
-{
-    return tunerfunction::Instance();
-}
-
-bool afTaTpSupported()
-{
-    return cm::SettingsUtil::instance()->getRdsAfTaTpSupport() == 1;
-}
-
-bool isPresetRepeatKey(int key)
-{
-    return keyRole(key) == KeyRole::PresetUp || keyRole(key) == KeyRole::PresetDown;
-}
+// Windows of the source service from which a PTY search is started.
+constexpr int kPtyListWindow = 9;
+constexpr int kPtySearchWindows[] = {kPtyListWindow, 5, 3};
+// Audio focus lost for good, or for a while.
+constexpr int kFocusLoss = -1;
+constexpr int kFocusLossTransient = -2;
 
 } // namespace
 
@@ -54,6 +40,8 @@ MainWindow::MainWindow(QObject *parent)
     , m_mcu(bus::createMcuProxy(this))
     , m_source(bus::createSourceProxy(this))
     , m_stateRead(new RadioStateRead(m_radio, this))
+    , m_interrupts(m_radio)
+    , m_keys(new HardwareKeys(m_radio, m_mcu, m_interrupts, [this] { return m_mainWidget; }, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
@@ -80,6 +68,9 @@ MainWindow::MainWindow(QObject *parent)
     connect(m_stateRead, SIGNAL(ProgramName(QString)), this, SLOT(onRdsName(QString)));
     connect(m_stateRead, SIGNAL(statusChanged(int)), this, SLOT(onstatusChanged(int)));
     connect(m_stateRead, SIGNAL(fed()), this, SLOT(onRadioStateFed()));
+    // The cancel key's follow-ups, as the popup's cancel reports them.
+    connect(&m_interrupts, SIGNAL(alarmCancel()), this, SLOT(onTaskEvtAlarmCancel()));
+    connect(&m_interrupts, SIGNAL(cancelTaAlarm()), this, SLOT(onCancelTaAlarm()));
 
     m_stateRead->start(bus::ReplyBatch::kBlockingWaitMs);
 }
@@ -103,22 +94,10 @@ void MainWindow::onRadioStateFed()
         m_mainWidget->synchronise();
 }
 
+// The keys' repeat timer is the hardware keys' own.
 void MainWindow::timerEvent(QTimerEvent *event)
 {
-    if (event->timerId() != m_repeatTimer.timerId())
-        return cm::BaseWindow::timerEvent(event);
-    if (m_repeatKey == 0 || !isPresetRepeatKey(m_repeatKey)) {
-        m_repeatTimer.stop();
-        return;
-    }
-    if (WorkStatus(prefs()->workState()) == WorkStatus::AutoStore)
-        return;
-    if (keyRole(m_repeatKey) == KeyRole::PresetUp)
-        keys()->presetUP();
-    else
-        keys()->presetDown();
-    if (m_mainWidget)
-        m_mainWidget->updatePresetChecked();
+    cm::BaseWindow::timerEvent(event);
 }
 
 void MainWindow::onCreate()
@@ -146,7 +125,7 @@ void MainWindow::onDestroy()
     // window. A service that let one question run out is not asked again.
     bool searchWindow = false;
     bool timedOut = false;
-    for (const int window : {9, 5, 3}) {
+    for (const int window : kPtySearchWindows) {
         searchWindow = currentWindow(&timedOut) == window;
         if (searchWindow || timedOut)
             break;
@@ -170,6 +149,11 @@ bool MainWindow::keyEvent(KeyEvent *)
     return false;
 }
 
+bool MainWindow::sourceKeyEvent(KeyEvent *e)
+{
+    return m_keys->sourceKeyEvent(e);
+}
+
 void MainWindow::reTranslateUI()
 {
     if (m_mainWidget)
@@ -188,31 +172,22 @@ void MainWindow::start()
         return;
     m_active = true;
     McuManager::instance()->updateAudioChannel(McuManager::AudioChannelRadio);
-    Preferences *p = prefs();
-    if (p->taOrAlarm() == INTERRUPT_TA && !p->cancelTa()) {
-        p->setTaStatus(false);
-        onPiTpStatus(3);
-    } else if (p->taOrAlarm() == INTERRUPT_ALARM && !p->cancelAlarm()) {
-        p->setAlarmStatus(false);
-        onPiTpStatus(5);
-    }
+    if (const int report = m_interrupts.resumed())
+        onPiTpStatus(report);
 }
 
 void MainWindow::stop() {}
 
 void MainWindow::onAudioFocusChange(int focus)
 {
-    if (focus != -1 && focus != -2)
+    if (focus != kFocusLoss && focus != kFocusLossTransient)
         return;
     Preferences *p = prefs();
     m_active = false;
     m_radio->terminate();
     if (isSeek(WorkStatus(p->workState())))
         m_radio->tune(p->playFreq());
-    if (p->taOrAlarm() != INTERRUPT_NONE)
-        McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
-    if (p->taOrAlarm() == INTERRUPT_TA)
-        m_radio->taAlarmCancel(1);
+    m_interrupts.focusLost();
 }
 
 QString MainWindow::clientId() const
@@ -232,12 +207,8 @@ void MainWindow::onTaskEvtAlarmCancel()
 
 void MainWindow::onCancelTaAlarm()
 {
-    Preferences *p = prefs();
-    if (!p->taStatus())
-        return;
-    p->setTaStatus(false);
-    p->setTaAlarmStatus(INTERRUPT_TA);
-    onPiTpStatus(3);
+    if (m_interrupts.reopenAnnouncement())
+        onPiTpStatus(pitp::TaStart);
 }
 
 void MainWindow::onBackToHome()
@@ -328,100 +299,29 @@ void MainWindow::onAutoScanCompleted(const QString &freqList)
                 for (; i <= 5 && left > 0; ++i, --left)
                     p->saveRdsName(Band(b), i, QString());
             }
-            if (p->numberKeyInter() && afTaTpSupported()) {
-                const bool ta = p->fmTA(p->btmFreqIdAfter());
-                const bool af = p->fmAf(p->btmFreqIdAfter());
-                p->setAf(af);
-                p->setTa(ta);
-                m_radio->setTa(ta);
-                m_radio->setAf(af);
-            }
+            if (p->numberKeyInter())
+                applyPresetTaAf(m_radio, p->btmFreqIdAfter());
         }
     }
     if (m_mainWidget)
         m_mainWidget->autoScanCompleted(freqList);
     else
-        p->setbtmPlayFreqId(p->numberKeyInter() ? p->btmFreqIdAfter() : p->curBandFreqId());
+        p->setbtmPlayFreqId(p->presetAfterStore());
 }
 
 void MainWindow::onTAStatus(int) {}
 
-// 3 traffic announcement starts, 4 ends, 5 alarm starts, 6 ends.
 void MainWindow::onPiTpStatus(int pitpState)
 {
-    Preferences *p = prefs();
-    switch (pitpState) {
-    case 3:
-        if (!(p->taOrAlarm() == INTERRUPT_ALARM && !p->cancelAlarm()))
-            p->setTaAlarmStatus(INTERRUPT_TA);
-        if (!m_active)
-            p->setSouOffTa(true);
-        break;
-    case 5:
-        p->setTaAlarmStatus(INTERRUPT_ALARM);
-        p->setCancelAlarm(false);
-        p->setSouOffAlarm(true);
-        break;
-    case 4:
-        p->setCancelTa(false);
-        if (!p->SouOffAlarm())
-            p->setTaAlarmStatus(INTERRUPT_NONE);
-        p->setSouOffTa(false);
-        break;
-    case 6:
-        p->setCancelAlarm(false);
-        p->setSouOffAlarm(false);
-        p->setTaAlarmStatus(INTERRUPT_NONE);
-        break;
-    default:
-        break;
-    }
-
-    if (!m_active && pitpState != 4 && pitpState != 6)
+    m_interrupts.record(pitpState, m_active);
+    if (!m_active && pitpState != pitp::TaEnd && pitpState != pitp::AlarmEnd)
         return;
     if (m_mainWidget)
         m_mainWidget->piTpStatus(pitpState);
-    if (!afTaTpSupported() || !p->isFM())
+    if (!afTaTpSupported() || !prefs()->isFM())
         return;
-
-    McuManager *mcu = McuManager::instance();
-    const bool alarmLive = p->alarmStatue() && !p->cancelAlarm();
-    switch (pitpState) {
-    case 3:
-        if (!alarmLive && !p->taStatus())
-            mcu->updateAudioStatus(McuManager::AudioStatusInterruptStart);
-        p->setTaStatus(true);
-        p->setCancelTa(false);
-        break;
-    case 4:
-        if (!alarmLive && p->taStatus()) {
-            mcu->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
-            p->setTaAlarmStatus(INTERRUPT_NONE);
-        }
-        p->setTaStatus(false);
-        p->setCancelTa(false);
-        break;
-    case 5:
-        if (!p->alarmStatue())
-            mcu->updateAudioStatus(McuManager::AudioStatusInterruptStart);
-        p->setAlarmStatus(true);
-        break;
-    case 6:
-        if (p->alarmStatue()) {
-            mcu->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
-            p->setTaAlarmStatus(INTERRUPT_NONE);
-        }
-        p->setAlarmStatus(false);
-        p->setCancelAlarm(false);
-        // An announcement that the alarm interrupted comes back.
-        if ((p->taStatus() && !p->cancelTa()) || p->SouOffTa()) {
-            p->setTaStatus(false);
-            onPiTpStatus(3);
-        }
-        break;
-    default:
-        break;
-    }
+    if (m_interrupts.apply(pitpState))
+        onPiTpStatus(pitp::TaStart);
 }
 
 void MainWindow::onstatusChanged(int state)
@@ -433,30 +333,20 @@ void MainWindow::onstatusChanged(int state)
 
 void MainWindow::onPTYSeekState(int type)
 {
-    Preferences *p = prefs();
-    if (type == 6) {
-        if (p->taStatus())
-            p->setTaStatus(false);
-        if (p->alarmStatue())
-            p->setAlarmStatus(false);
-    }
-    p->setPtySerchstate(type);
+    if (type == kPtyFound)
+        InterruptBookkeeping::searchStarted();
+    prefs()->setPtySerchstate(type);
     if (m_mainWidget)
         m_mainWidget->PTYsearchStatus(type);
-    if (currentWindow() == 9 && type == kPtySearching)
+    if (currentWindow() == kPtyListWindow && type == kPtySearching)
         m_radio->terminate();
 }
 
 void MainWindow::onWorkStatus(int state)
 {
-    Preferences *p = prefs();
-    if (state >= 1 && state <= 5) {
-        if (p->taStatus())
-            p->setTaStatus(false);
-        if (p->alarmStatue())
-            p->setAlarmStatus(false);
-    }
-    p->setWorkState(state);
+    if (state >= int(WorkStatus::AutoStore) && state <= int(WorkStatus::PtySearchDown))
+        InterruptBookkeeping::searchStarted();
+    prefs()->setWorkState(state);
 }
 
 void MainWindow::onRdsName(const QString &name)
@@ -469,267 +359,14 @@ void MainWindow::onRdsName(const QString &name)
 void MainWindow::onSourceChange(int winId, int src)
 {
     Q_UNUSED(winId)
-    if (src != kSourceTa)
-        return;
-    Preferences *p = prefs();
-    if (p->taOrAlarm() == INTERRUPT_TA)
-        p->setCancelTa(false);
-    else if (p->taOrAlarm() == INTERRUPT_ALARM)
-        p->setCancelAlarm(false);
+    if (src == kSourceTa)
+        m_interrupts.announcementSourceTaken();
 }
 
 void MainWindow::onStaionChanged(int freq, int band)
 {
     Q_UNUSED(band)
     prefs()->setCurrPlayFreq(freq);
-}
-
-// --- hardware and steering-wheel keys ----------------------------------------
-
-void MainWindow::beep(int state)
-{
-    m_mcu->triggerBeep(state);
-}
-
-void MainWindow::cancelInterrupt()
-{
-    Preferences *p = prefs();
-    if (p->taOrAlarm() != INTERRUPT_NONE)
-        beep(0);
-    if (m_mainWidget)
-        m_mainWidget->InterruptCancel();
-    else
-        McuManager::instance()->updateAudioStatus(McuManager::AudioStatusInterruptEnd);
-
-    if (p->taOrAlarm() == INTERRUPT_TA) {
-        m_radio->taAlarmCancel(1);
-        onTaskEvtAlarmCancel();
-        p->setCancelTa(true);
-    } else if (p->taOrAlarm() == INTERRUPT_ALARM) {
-        if (!p->taStatus() || p->cancelTa()) {
-            onTaskEvtAlarmCancel();
-            p->setCancelAlarm(true);
-        } else {
-            // The alarm came over a live announcement: the announcement comes back.
-            p->setCancelAlarm(true);
-            onCancelTaAlarm();
-        }
-    }
-}
-
-// Keys served before the screens see them. True when the key ends here.
-bool MainWindow::serveAlwaysKey(int key, int phase)
-{
-    Preferences *p = prefs();
-    const KeyRole role = keyRole(key);
-    switch (role) {
-    case KeyRole::CancelInterrupt:
-        if (phase != Qx::KeyShortReleased)
-            return false;
-        cancelInterrupt();
-        return true;
-    case KeyRole::AfOff:
-    case KeyRole::AfOn: {
-        const bool on = role == KeyRole::AfOn;
-        p->setAf(on);
-        m_radio->setAf(on);
-        m_radio->rdsCtrl(p->ta(), on, p->regional());
-        return false;
-    }
-    case KeyRole::TaOff:
-    case KeyRole::TaOn: {
-        const bool on = role == KeyRole::TaOn;
-        p->setTa(on);
-        m_radio->rdsCtrl(on, p->af(), p->regional());
-        m_radio->setTa(on);
-        return false;
-    }
-    case KeyRole::LocalOff:
-    case KeyRole::LocalOn: {
-        const bool on = role == KeyRole::LocalOn;
-        p->setLocal(on);
-        m_radio->config(on, 1, 1);
-        return false;
-    }
-    case KeyRole::AmOrFm3:
-        if (!m_mainWidget) {
-            p->setBand(BAND_AM1);
-            m_radio->setband(BAND_AM1);
-        } else if (p->isFM()) {
-            p->setBand(BAND_FM3);
-            p->setBand_FM(BAND_FM3);
-            m_mainWidget->BandChanged();
-        } else {
-            m_mainWidget->scrollToPage(BAND_AM1);
-        }
-        return false;
-    case KeyRole::Fm1OrAm2:
-        if (!m_mainWidget) {
-            p->setBand(BAND_FM1);
-            m_radio->setband(BAND_FM1);
-        } else if (p->isFM()) {
-            m_mainWidget->scrollToPage(BAND_FM1);
-        } else {
-            p->setBand(BAND_AM2);
-            p->setBand_AM(BAND_AM2);
-            m_mainWidget->BandChanged();
-        }
-        return false;
-    default:
-        return false;
-    }
-}
-
-// The window's own answer to the tuner keys, when no screen took them. Unlike
-// the screen's remote keys, a press here is beeped but not consumed.
-bool MainWindow::serveTunerKey(int key, int phase)
-{
-    const auto status = WorkStatus(prefs()->workState());
-    const bool idle = status != WorkStatus::AutoStore;
-    const KeyRole role = keyRole(key);
-    switch (role) {
-    case KeyRole::PresetNext:
-    case KeyRole::PresetPrevious: {
-        if (!idle)
-            return false;
-        const bool up = role == KeyRole::PresetNext;
-        if (phase == Qx::KeyPressed) {
-            beep(0);
-            return false;
-        }
-        if (phase == Qx::KeyShortReleased) {
-            up ? keys()->presetUP() : keys()->presetDown();
-            return true;
-        }
-        if (phase == Qx::KeyLongPressed) {
-            beep(1);
-            up ? keys()->seekForward() : keys()->seekBackward();
-            return true;
-        }
-        return false;
-    }
-    case KeyRole::Band:
-        if (phase == Qx::KeyPressed) {
-            beep(0);
-            return false;
-        }
-        if (phase == Qx::KeyShortReleased) {
-            keys()->changBand();
-            return true;
-        }
-        return false;
-    case KeyRole::PresetNumber: {
-        const int preset = presetOfKey(key);
-        switch (phase) {
-        case Qx::KeyPressed:
-            beep(0);
-            if (!idle)
-                keys()->presetSelect(preset);
-            return true;
-        case Qx::KeyShortReleased:
-            if (idle)
-                keys()->presetSelect(preset);
-            return true;
-        case Qx::KeyLongPressed:
-            if (idle) {
-                beep(1);
-                keys()->savePreset(preset);
-            }
-            return true;
-        default:
-            return false;
-        }
-    }
-    case KeyRole::PresetUp:
-    case KeyRole::PresetDown: {
-        if (!idle)
-            return false;
-        const bool up = role == KeyRole::PresetUp;
-        switch (phase) {
-        case Qx::KeyPressed:
-            beep(0);
-            up ? keys()->presetUP() : keys()->presetDown();
-            return true;
-        case Qx::KeyLongPressed:
-            up ? keys()->presetUP() : keys()->presetDown();
-            return true;
-        case Qx::KeyShortReleased:
-        case Qx::KeyLongReleased:
-            return true;
-        default:
-            return false;
-        }
-    }
-    case KeyRole::SeekDown:
-    case KeyRole::SeekUp: {
-        if (!idle)
-            return false;
-        const bool plus = role == KeyRole::SeekUp;
-        switch (phase) {
-        case Qx::KeyPressed:
-            beep(0);
-            return false;
-        case Qx::KeyShortReleased:
-            plus ? keys()->seekForward() : keys()->seekBackward();
-            return true;
-        case Qx::KeyLongPressed:
-            beep(1);
-            plus ? keys()->ManualPlusPressed() : keys()->ManualMinusPressed();
-            return true;
-        case Qx::KeyLongReleased:
-            plus ? keys()->ManualPlusReleased() : keys()->ManualMinusReleased();
-            return true;
-        default:
-            return false;
-        }
-    }
-    case KeyRole::StopSearch:
-        if (status != WorkStatus::AutoStore && !isSeek(status))
-            return false;
-        if (phase == Qx::KeyPressed) {
-            beep(0);
-            return true;
-        }
-        if (phase == Qx::KeyShortReleased) {
-            m_radio->terminate();
-            return true;
-        }
-        return false;
-    default:
-        return false;
-    }
-}
-
-bool MainWindow::sourceKeyEvent(KeyEvent *e)
-{
-    if (!e) {
-        TUNER_WAR() << "no key event.";
-        return false;
-    }
-    const int key = e->key();
-    const int phase = e->type();
-
-    if (phase == Qx::KeyShortReleased || phase == Qx::KeyLongReleased) {
-        m_repeatTimer.stop();
-        m_repeatKey = 0;
-    } else if (phase == Qx::KeyLongPressed && isPresetRepeatKey(key) && !m_repeatTimer.isActive()) {
-        m_repeatTimer.start(kPresetRepeatMs, this);
-        m_repeatKey = key;
-    }
-
-    if (serveAlwaysKey(key, phase))
-        return true;
-    if (m_mainWidget && m_mainWidget->windowKeyEvent(e))
-        return true;
-
-    Preferences *p = prefs();
-    const bool cancelled = (p->taOrAlarm() == INTERRUPT_TA && p->cancelTa())
-                           || (p->taOrAlarm() == INTERRUPT_ALARM && p->cancelAlarm());
-    if (p->taOrAlarm() != INTERRUPT_NONE && !cancelled)
-        return false;
-    if (g_TunerCurDSPL == DisplayPtyList || g_TunerCurDSPL == DisplayPtySearching)
-        return false;
-    return serveTunerKey(key, phase);
 }
 
 } // namespace tuner

@@ -2,8 +2,7 @@
 
 #include "appplugin.h"
 #include "basewindow.h"
-
-#include <QBasicTimer>
+#include "interrupts.h"
 
 class KeyEvent;
 class NiloMcuServiceInterface;
@@ -12,13 +11,16 @@ class NiloSourceServiceInterface;
 
 namespace tuner {
 
+class HardwareKeys;
 class MainWidget;
 class RadioEdge;
 class RadioStateRead;
 
 // The one object behind the tuner's window and both sources: owns the bus
-// proxies, keeps the preferences in step with the radio service, drives the
-// traffic/alarm interrupt bookkeeping and serves the hardware keys.
+// proxies, keeps the preferences in step with the radio service and the
+// host's life cycle and audio focus, and passes the radio's reports on to
+// the screens. The start-up read (RadioStateRead), the interrupt bookkeeping
+// (InterruptBookkeeping) and the hardware keys (HardwareKeys) are its parts.
 class MainWindow : public cm::BaseWindow, public IAudioFocusChangeListener
 {
     Q_OBJECT
@@ -53,7 +55,7 @@ public slots:
     void onDestroyObj();
     void onTaskEvtAlarmCancel();
     void onCancelTaAlarm();
-    void onBackToHome();
+    void onBackToHome(); // in the meta-object for the host; nothing connects it
     void onAftaState(const QString &aftaList, int cur_afta);
     void onInitDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list,
                     int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning,
@@ -63,7 +65,7 @@ public slots:
     void onPsName1(const QString &string);
     void onPsName2(const QString &string);
     void onAutoScanCompleted(const QString &freqList);
-    void onTAStatus(int state);
+    void onTAStatus(int state); // in the meta-object for the host; nothing connects it, and it does nothing
     void onPiTpStatus(int pitpState);
     void onstatusChanged(int);
     void onPTYSeekState(int type);
@@ -77,10 +79,6 @@ private slots:
     void onRadioStateFed();
 
 private:
-    void cancelInterrupt();
-    bool serveAlwaysKey(int key, int phase);
-    bool serveTunerKey(int key, int phase);
-    void beep(int state);
     int currentWindow(bool *timedOut = nullptr);
 
     MainWidget *m_mainWidget = nullptr;
@@ -89,9 +87,9 @@ private:
     NiloMcuServiceInterface *m_mcu;
     NiloSourceServiceInterface *m_source;
     RadioStateRead *m_stateRead;
+    InterruptBookkeeping m_interrupts;
+    HardwareKeys *m_keys; // with the keys' repeat timer and repeat key
     bool m_active = false;
-    QBasicTimer m_repeatTimer;
-    int m_repeatKey = 0;
 };
 
 } // namespace tuner

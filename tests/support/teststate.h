@@ -33,8 +33,4 @@ private:
     QTemporaryDir m_dir;
 };
 
-// The preferences of the state under test.
-inline tuner::Preferences *prefs()
-{
-    return tuner::Preferences::getInstance();
-}
+using tuner::prefs;

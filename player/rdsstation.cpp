@@ -1,9 +1,10 @@
-#include "rdsdisplay.h"
+#include "rdsstation.h"
 
 #include "displayline.h"
 #include "frequencydial.h"
 #include "preferences.h"
 #include "presetpages.h"
+#include "radiocontrol.h"
 #include "scrolllabel.h"
 #include "ui_c20_003_tuner.h"
 
@@ -15,31 +16,32 @@ const QLatin1String kNoName("NULL");
 
 } // namespace
 
-RdsDisplay::RdsDisplay(Ui::c20_003_tuner *form, DisplayLine &line, PresetPages &pages, const FrequencyDial &dial)
+RdsStation::RdsStation(Ui::c20_003_tuner *form, DisplayLine &line, PresetPages &pages, const FrequencyDial &dial,
+                       const RadioControl &control)
     : ui(form)
     , m_line(line)
     , m_pages(pages)
     , m_dial(dial)
+    , m_control(control)
 {
 }
 
-void RdsDisplay::showName(QString name)
+void RdsStation::showName(QString name)
 {
-    Preferences *p = Preferences::getInstance();
+    Preferences *p = prefs();
     const bool none = name.isEmpty() || name == kNoName;
     if (!none)
         name = Preferences::delControlChar(name);
     const QString shown = name == kNoName ? QString() : name;
     const int mode = m_line.mode();
+    m_line.turnToPage();
     if (mode == 0) {
-        ui->stackedWidget_tuner->setCurrentWidget(ui->page_tuner_02);
         const bool showName = p->isFM() && !none;
         ui->Txt_0019_rds_freq->setVisible(!showName);
         ui->Txt_0020_rds_unit->setVisible(!showName);
         ui->Txt_0018_rds_name->setVisible(showName);
         ui->Txt_0018_rds_name->setText(shown);
     } else if (mode == 1) {
-        ui->stackedWidget_tuner->setCurrentWidget(ui->page_tuner_01);
         ScrollLabel *label = ui->Txt_0037_rds_name;
         label->setVisible(p->isFM());
         label->setText(shown);
@@ -55,15 +57,15 @@ void RdsDisplay::showName(QString name)
     if (!p->isFM() || id < 0 || id >= kPresetCount || name.isEmpty())
         return;
     if (name == kNoName) {
-        m_pages.setText(p->band(), id, m_dial.text(p->playFreq()), false);
+        m_pages.showFrequency(p->band(), id, m_dial.text(p->playFreq()));
         p->saveRdsName(p->band(), id, QString());
     } else {
-        m_pages.setText(p->band(), id, name, true);
+        m_pages.showName(p->band(), id, name);
         p->saveRdsName(p->band(), id, name);
     }
 }
 
-void RdsDisplay::showStatus(int state, int lastFreq)
+void RdsStation::showStatus(int state)
 {
     QLabel *rds = m_line.rdsIcon();
     QLabel *tp = m_line.tpIcon();
@@ -74,7 +76,7 @@ void RdsDisplay::showStatus(int state, int lastFreq)
                 label->hide();
         }
     };
-    if (!Preferences::getInstance()->isFM()) {
+    if (!prefs()->isFM()) {
         hide({rds, tp, name});
         return;
     }
@@ -85,13 +87,20 @@ void RdsDisplay::showStatus(int state, int lastFreq)
             tp->setVisible(state != 1);
         return;
     }
-    Preferences::getInstance()->setCurRdsName(QString());
+    prefs()->setCurRdsName(QString());
     hide({rds, tp, name});
     if (QLabel *freq = m_line.freq())
         freq->show();
-    m_line.setFrequencyText(m_dial.text(lastFreq));
+    m_line.setFrequencyText(m_dial.text(m_control.lastFrequency()));
     if (m_line.mode() == 0)
         ui->Txt_0020_rds_unit->show();
+}
+
+void RdsStation::clear()
+{
+    showStatus(0);
+    prefs()->setRdsStatus(0);
+    showName(QString());
 }
 
 } // namespace tuner

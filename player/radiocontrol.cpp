@@ -1,0 +1,80 @@
+#include "radiocontrol.h"
+
+#include "nilo_mcuservice_interface.h"
+#include "nilo_radioservice_interface.h"
+#include "preferences.h"
+
+namespace tuner {
+
+RadioControl::RadioControl(NiloRadioServiceInterface *radio, NiloMcuServiceInterface *mcu)
+    : m_radio(radio)
+    , m_mcu(mcu)
+{
+}
+
+void RadioControl::beep(int state)
+{
+    m_mcu->triggerBeep(state);
+}
+
+void RadioControl::tune(int freq)
+{
+    m_radio->tune(freq);
+    m_tuneRequested = true;
+}
+
+void RadioControl::seekStarted()
+{
+    m_tuneRequested = true;
+    m_seeking = true;
+}
+
+void RadioControl::seek(bool up)
+{
+    up ? m_radio->seekForward() : m_radio->seekBackward();
+}
+
+void RadioControl::autoScan()
+{
+    m_radio->autoScan();
+    m_tuneRequested = true;
+}
+
+void RadioControl::stopAndRetune()
+{
+    m_radio->terminate();
+    m_radio->tune(prefs()->playFreq());
+}
+
+bool RadioControl::stopRunningSearch()
+{
+    const SearchGate gate = searchGate(m_workStatus);
+    if (gate == SearchGate::Stop)
+        m_radio->terminate();
+    else if (gate == SearchGate::StopAndRetune)
+        stopAndRetune();
+    return gate != SearchGate::Run;
+}
+
+void RadioControl::stopStoreOrSeek()
+{
+    if (m_workStatus == WorkStatus::AutoStore)
+        m_radio->terminate();
+    else if (isSeek(m_workStatus))
+        stopAndRetune();
+}
+
+bool RadioControl::stopAnySearch()
+{
+    if (m_workStatus == WorkStatus::AutoStore) {
+        m_radio->terminate();
+        return true;
+    }
+    if (m_workStatus != WorkStatus::Idle || prefs()->PTYSeachState() == kPtySearching) {
+        stopAndRetune();
+        return true;
+    }
+    return false;
+}
+
+} // namespace tuner

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+
+#include <functional>
+
+class KeyEvent;
+class NiloMcuServiceInterface;
+class NiloRadioServiceInterface;
+
+namespace tuner {
+
+class InterruptBookkeeping;
+class MainWidget;
+
+// The vehicle's hardware and steering-wheel keys, as both sources deliver
+// them: the keys served before the screens, the screens' own turn, and the
+// window's answer when no screen took a key; the auto-repeat of preset up and
+// down while held.
+class HardwareKeys : public QObject
+{
+public:
+    // `screens`: the screen stack while there is one, else null.
+    HardwareKeys(NiloRadioServiceInterface *radio, NiloMcuServiceInterface *mcu, InterruptBookkeeping &interrupts,
+                 std::function<MainWidget *()> screens, QObject *parent);
+
+    // True when consumed.
+    bool sourceKeyEvent(KeyEvent *e);
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    void beep(int state);
+    void cancelInterrupt();
+    bool serveAlwaysKey(int key, int phase);
+    bool serveTunerKey(int key, int phase);
+
+    NiloRadioServiceInterface *m_radio;
+    NiloMcuServiceInterface *m_mcu;
+    InterruptBookkeeping &m_interrupts;
+    std::function<MainWidget *()> m_screens;
+    QBasicTimer m_repeatTimer;
+    int m_repeatKey = 0;
+};
+
+} // namespace tuner

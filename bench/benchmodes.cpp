@@ -4,6 +4,7 @@
 #include "listrows.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
+#include "nowplaying.h"
 #include "optionwidget.h"
 #include "preferences.h"
 #include "scrolllabel.h"
@@ -15,6 +16,8 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QLabel>
 #include <QTextStream>
 #include <QTimer>
@@ -386,7 +389,8 @@ const QStringList &faultNames()
 {
     static const QStringList names{QStringLiteral("startup_radio_hung"),  QStringLiteral("startup_radio_slow"),
                                    QStringLiteral("startup_radio_absent"), QStringLiteral("restart_radio_hung"),
-                                   QStringLiteral("running_radio_hung"),  QStringLiteral("close_source_hung")};
+                                   QStringLiteral("running_radio_hung"),  QStringLiteral("close_source_hung"),
+                                   QStringLiteral("media_player_next_flood")};
     return names;
 }
 
@@ -424,6 +428,19 @@ int fault(const QString &name)
             gap = longestGapAround([&] {
                 QTest::mouseClick(preset, Qt::LeftButton);
                 QTest::mouseClick(seek, Qt::LeftButton);
+            }, kSettleMs);
+        } else if (name == QLatin1String("media_player_next_flood")) {
+            // A hostile media-player client: 5 000 Next and Previous as fast as
+            // it can send them, from a connection of its own.
+            if (!QTest::qWaitFor([&] { return !rig.window()->nowPlaying()->serviceName().isEmpty(); }, 5000))
+                return 1;
+            QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("client"));
+            gap = longestGapAround([&] {
+                for (int i = 0; i < 5000; ++i) {
+                    client.asyncCall(QDBusMessage::createMethodCall(
+                        QLatin1String(tuner::NowPlaying::kServiceName), QLatin1String(tuner::NowPlaying::kObjectPath),
+                        QStringLiteral("org.mpris.MediaPlayer2.Player"), QLatin1String(i % 2 ? "Previous" : "Next")));
+                }
             }, kSettleMs);
         } else if (name == QLatin1String("close_source_hung")) {
             services.source()->setHung(true);

@@ -361,6 +361,7 @@ void faults(const Options &options, Table &table)
         {QStringLiteral("restart_radio_hung"), QStringLiteral("radio service restarted, then hung")},
         {QStringLiteral("running_radio_hung"), QStringLiteral("preset tap and seek, radio service hung")},
         {QStringLiteral("close_source_hung"), QStringLiteral("onHide and onDestroy, source service hung")},
+        {QStringLiteral("media_player_next_flood"), QStringLiteral("5 000 media-player Next and Previous")},
     };
     const int runs = options.quick ? 1 : 3;
     for (const QString &name : benchmode::faultNames()) {

@@ -1,6 +1,6 @@
 // libFuzzer target: bytes become a sequence of radio-service signals with
-// arbitrary arguments, source keys, focus changes and touches, delivered to
-// the main window and the tuner screen with no bus. Signals are emitted on the
+// arbitrary arguments, source keys, focus changes, touches and media-player
+// calls, delivered to the main window and the tuner screen with no bus. Signals are emitted on the
 // main window's own radio proxy, as the bus would deliver them.
 
 #include "audiomanager.h"
@@ -8,6 +8,7 @@
 #include "mainwidget.h"
 #include "mainwindow.h"
 #include "nilo_radioservice_interface.h"
+#include "nowplaying.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -114,6 +115,22 @@ void radioSignal(Bytes &in)
     }
 }
 
+// What a media-player client may ask, with whatever arguments.
+void mediaPlayerCall(Bytes &in)
+{
+    tuner::NowPlaying *player = g_window->nowPlaying();
+    switch (in.byte() % 8) {
+    case 0: player->Next(); break;
+    case 1: player->Previous(); break;
+    case 2: player->Seek(in.int32()); break;
+    case 3: player->SetPosition(QDBusObjectPath(in.string()), in.int32()); break;
+    case 4: player->OpenUri(in.string()); break;
+    case 5: player->setProperty(in.byte() % 2 ? "Volume" : "Rate", double(in.int32()) / 7); break;
+    case 6: player->setPlayback(tuner::NowPlaying::Playback(in.byte() % 3)); break;
+    default: player->metadata(); player->property("PlaybackStatus"); break;
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
@@ -138,7 +155,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     Bytes in(data, size);
     while (!in.atEnd()) {
-        switch (in.byte() % 6) {
+        switch (in.byte() % 7) {
         case 0:
         case 1:
             radioSignal(in);
@@ -154,6 +171,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             break;
         case 4:
             g_window->onAudioFocusChange(int(in.byte() % 4) - 2);
+            break;
+        case 5:
+            mediaPlayerCall(in);
             break;
         default:
             QCoreApplication::processEvents();

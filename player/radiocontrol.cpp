@@ -1,6 +1,6 @@
 #include "radiocontrol.h"
 
-#include "nilo_mcuservice_interface.h"
+#include "keybeep.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 
@@ -14,7 +14,7 @@ RadioControl::RadioControl(NiloRadioServiceInterface *radio, NiloMcuServiceInter
 
 void RadioControl::beep(int state)
 {
-    m_mcu->triggerBeep(state);
+    KeyBeep::trigger(m_mcu, state);
 }
 
 void RadioControl::tune(int freq)

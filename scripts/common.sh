@@ -11,6 +11,7 @@ TUNER_PACKAGES=(
     dpkg-dev file lintian
     xvfb xauth xdotool
     weston qtwayland5
+    playerctl
 )
 
 # Installs the packages that are missing (needs root, as on the head-unit build

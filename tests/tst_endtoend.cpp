@@ -280,6 +280,32 @@ private slots:
         QTRY_COMPARE(text(QStringLiteral("Txt_0017_band_name")), QStringLiteral("FM"));
     }
 
+    // The rest of the car sees the tuner as a media player: playerctl lists
+    // it, reads the station the screen shows, and steps the presets as the
+    // steering wheel's keys do, without their beep.
+    void mediaPlayerFollowsAndSteps()
+    {
+        QVERIFY(playerctl({"-l"}).split(QLatin1Char('\n')).contains(QStringLiteral("nilo_tuner")));
+        const auto shownTitle = [this] {
+            const QString name = text(QStringLiteral("Txt_0037_rds_name"));
+            return name.isEmpty() ? text(QStringLiteral("Txt_0035_rds_freq")) + QStringLiteral(" MHz") : name;
+        };
+        const auto title = [this] { return playerctl({"-p", "nilo_tuner", "metadata", "xesam:title"}); };
+        QTRY_COMPARE_WITH_TIMEOUT(title(), shownTitle(), 10000);
+        QCOMPARE(playerctl({"-p", "nilo_tuner", "status"}), QStringLiteral("Playing"));
+        const int beeps = simLog().count("mcu: triggerBeep");
+
+        const QStringList presets{"Key_0030_p1", "Key_0031_p2"};
+        for (const QString step : {"next", "next", "previous"}) {
+            const int lit = widget(presets.at(0)).value("checked").toBool() && step == QLatin1String("next") ? 1 : 0;
+            QCOMPARE(playerctl({"-p", "nilo_tuner", step}), QString());
+            QTRY_VERIFY_WITH_TIMEOUT(widget(presets.at(lit)).value("checked").toBool(), 10000);
+            QTRY_COMPARE_WITH_TIMEOUT(title(), shownTitle(), 10000);
+            QCOMPARE(playerctl({"-p", "nilo_tuner", "metadata", "xesam:album"}), QStringLiteral("FM1"));
+        }
+        QCOMPARE(simLog().count("mcu: triggerBeep"), beeps);
+    }
+
     void screenshotIsAPng()
     {
         const QString path = m_dir.path() + QStringLiteral("/shot.png");
@@ -340,6 +366,16 @@ private:
     }
 
     QString text(const QString &name) { return widget(name).value(QStringLiteral("text")).toString(); }
+    // playerctl, a tool of this machine, on the test's bus; what it printed, trimmed.
+    static QString playerctl(const QStringList &arguments)
+    {
+        ChildProcess client;
+        client.setEmulated(false);
+        if (!client.start(QStandardPaths::findExecutable(QStringLiteral("playerctl")), arguments, ChildProcess::Output::Captured)
+            || !client.waitForFinished(10000))
+            return QStringLiteral("(playerctl did not run)");
+        return QString::fromUtf8(client.readAll()).trimmed();
+    }
     // Everything the simulator has printed so far (the MCU logs each request).
     const QByteArray &simLog() { return m_simLog += m_sim.readAll(); }
 

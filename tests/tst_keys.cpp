@@ -4,7 +4,9 @@
 // each entry point does, or "-" where that gate does not apply to it.
 
 #include "hostevents.h"
+#include "mainwidget.h"
 #include "mainwindow.h"
+#include "nowplaying.h"
 #include "tunerfixture.h"
 #include "tunerplayer.h"
 #include "tuneroptions.h"
@@ -131,6 +133,65 @@ private slots:
             QCOMPARE(throughTheScreen(key, phase, workStatus, gate), screen);
     }
 
+    // The media player's Next and Previous are the next and previous preset
+    // keys (44, 45) pressed short: the same radio calls, under the same
+    // gates, through the same code; only the beep is left out.
+    void mediaPlayerStepsAsThePresetKeys_data()
+    {
+        QTest::addColumn<bool>("next");
+        QTest::addColumn<int>("workStatus");
+        QTest::addColumn<QString>("gate"); // as in keyTable; "screen": the tuner screen is up
+        QTest::addColumn<int>("preset"); // the playing preset, 6 for none
+        QTest::addColumn<bool>("acts");
+        QTest::newRow("next, no screens") << true << 0 << "shown" << 2 << true;
+        QTest::newRow("previous from the first preset, no screens: back a band") << false << 0 << "shown" << 0 << true;
+        QTest::newRow("next, the tuner screen up") << true << 0 << "screen" << 6 << true;
+        QTest::newRow("previous from the first preset, the tuner screen up") << false << 0 << "screen" << 0 << true;
+        QTest::newRow("next during a seek stops it") << true << 2 << "screen" << 6 << true;
+        QTest::newRow("next during an automatic store: refused") << true << 1 << "shown" << 6 << false;
+        QTest::newRow("next over the PTY list: refused") << true << 0 << "ptylist" << 6 << false;
+        QTest::newRow("next during an announcement: refused") << true << 0 << "popup" << 6 << false;
+        QTest::newRow("next after the announcement was cancelled") << true << 0 << "ta-cancelled" << 6 << true;
+    }
+
+    void mediaPlayerStepsAsThePresetKeys()
+    {
+        QFETCH(bool, next);
+        QFETCH(int, workStatus);
+        QFETCH(QString, gate);
+        QFETCH(int, preset);
+        QFETCH(bool, acts);
+        const auto step = [&](bool byKey) {
+            newState();
+            prefs()->setCurrPlayFreqId(preset);
+            MainWindow window;
+            if (gate == QLatin1String("screen")) {
+                window.onCreate();
+                window.screenStack()->show();
+                if (!QTest::qWaitForWindowExposed(window.screenStack()))
+                    return QStringList{"not shown"};
+                window.screenStack()->player()->onWorkStatus(workStatus);
+            }
+            setGate(workStatus, gate);
+            forgetCalls();
+            if (!byKey) {
+                next ? window.nowPlaying()->Next() : window.nowPlaying()->Previous();
+            } else {
+                for (const Qx::EventType phase : {Qx::KeyPressed, Qx::KeyShortReleased}) {
+                    KeyEvent event(phase, next ? 44 : 45);
+                    window.sourceKeyEvent(&event);
+                }
+            }
+            return QStringList{radioCalls().join(QLatin1Char(' ')), mcuInShort()};
+        };
+        const QStringList key = step(true);
+        const QStringList mediaPlayer = step(false);
+        QCOMPARE(mediaPlayer.value(0), key.value(0));
+        QCOMPARE(!key.value(0).isEmpty(), acts);
+        QCOMPARE(key.value(1), QLatin1String(acts ? "beep" : ""));
+        QCOMPARE(mediaPlayer.value(1), QString());
+    }
+
     // The band changes on the lit button; the preset id does not matter.
     void nextFromTheLastPresetChangesBand()
     {
@@ -235,6 +296,15 @@ private:
         newState();
         MainWindow window;
         forgetCalls();
+        setGate(workStatus, gate);
+        KeyEvent event(Qx::EventType(phase), key);
+        return outcome(window.sourceKeyEvent(&event));
+    }
+
+    // The window's view of a gate: the work status, the screen on display
+    // and the interrupt flags.
+    static void setGate(int workStatus, const QString &gate)
+    {
         Preferences *p = prefs();
         p->setWorkState(workStatus);
         const QHash<QString, int> display{{"options", DisplayOptionList}, {"ptylist", DisplayPtyList},
@@ -245,8 +315,6 @@ private:
         else if (gate == QLatin1String("alarm"))
             p->setTaAlarmStatus(INTERRUPT_ALARM);
         p->setCancelTa(gate == QLatin1String("ta-cancelled"));
-        KeyEvent event(Qx::EventType(phase), key);
-        return outcome(window.sourceKeyEvent(&event));
     }
 
     QString throughTheScreen(int key, int phase, int workStatus, const QString &gate)

@@ -4,7 +4,7 @@
 #include "interrupts.h"
 #include "mainwidget.h"
 #include "mcumanager.h"
-#include "nilo_mcuservice_interface.h"
+#include "keybeep.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "rdsswitches.h"
@@ -63,7 +63,7 @@ void HardwareKeys::timerEvent(QTimerEvent *event)
 
 void HardwareKeys::beep(int state)
 {
-    m_mcu->triggerBeep(state);
+    KeyBeep::trigger(m_mcu, state);
 }
 
 void HardwareKeys::cancelInterrupt()

@@ -8,7 +8,9 @@
 #include "mainwidget.h"
 #include "mcumanager.h"
 #include "nilo_radioservice_interface.h"
+#include "keybeep.h"
 #include "nilo_sourceservice_interface.h"
+#include "nowplaying.h"
 #include "preferences.h"
 #include "radioedge.h"
 #include "radiostateread.h"
@@ -30,6 +32,10 @@ constexpr int kPtySearchWindows[] = {kPtyListWindow, 5, 3};
 // Audio focus lost for good, or for a while.
 constexpr int kFocusLoss = -1;
 constexpr int kFocusLossTransient = -2;
+constexpr int kFocusGain = 1;
+// The steering wheel's next and previous preset keys.
+constexpr int kNextPresetKey = 44;
+constexpr int kPreviousPresetKey = 45;
 
 } // namespace
 
@@ -42,6 +48,7 @@ MainWindow::MainWindow(QObject *parent)
     , m_stateRead(new RadioStateRead(m_radio, this))
     , m_interrupts(m_radio)
     , m_keys(new HardwareKeys(m_radio, m_mcu, m_interrupts, [this] { return m_mainWidget; }, this))
+    , m_nowPlaying(new NowPlaying(m_radioEdge, [this](bool next) { pressPresetKey(next); }, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
@@ -133,6 +140,7 @@ void MainWindow::onDestroy()
     if (searchWindow && prefs()->PTYSeachState() == kPtySearching)
         m_radio->terminate();
     g_TunerCurDSPL = DisplayNone;
+    m_nowPlaying->setPlayback(NowPlaying::Playback::Stopped);
     if (m_mainWidget)
         m_mainWidget->hide();
     deleteDelay();
@@ -154,6 +162,15 @@ bool MainWindow::sourceKeyEvent(KeyEvent *e)
     return m_keys->sourceKeyEvent(e);
 }
 
+void MainWindow::pressPresetKey(bool next)
+{
+    const KeyBeep::Silence nobodyPressedAKey;
+    for (const Qx::EventType phase : {Qx::KeyPressed, Qx::KeyShortReleased}) {
+        KeyEvent key(phase, next ? kNextPresetKey : kPreviousPresetKey);
+        sourceKeyEvent(&key);
+    }
+}
+
 void MainWindow::reTranslateUI()
 {
     if (m_mainWidget)
@@ -171,17 +188,25 @@ void MainWindow::start()
     if (AudioManager::instance()->requestAudioFocus(1, 1, this) == 1)
         return;
     m_active = true;
+    m_nowPlaying->setPlayback(NowPlaying::Playback::Playing);
     McuManager::instance()->updateAudioChannel(McuManager::AudioChannelRadio);
     if (const int report = m_interrupts.resumed())
         onPiTpStatus(report);
 }
 
-void MainWindow::stop() {}
+void MainWindow::stop()
+{
+    m_nowPlaying->setPlayback(NowPlaying::Playback::Stopped);
+}
 
 void MainWindow::onAudioFocusChange(int focus)
 {
+    // Back after a transient loss, the tuner plays on for the car's media player.
+    if (focus == kFocusGain && m_nowPlaying->playback() == NowPlaying::Playback::Paused)
+        m_nowPlaying->setPlayback(NowPlaying::Playback::Playing);
     if (focus != kFocusLoss && focus != kFocusLossTransient)
         return;
+    m_nowPlaying->setPlayback(focus == kFocusLoss ? NowPlaying::Playback::Stopped : NowPlaying::Playback::Paused);
     Preferences *p = prefs();
     m_active = false;
     m_radio->terminate();

@@ -13,6 +13,7 @@ namespace tuner {
 
 class HardwareKeys;
 class MainWidget;
+class NowPlaying;
 class RadioEdge;
 class RadioStateRead;
 
@@ -20,7 +21,8 @@ class RadioStateRead;
 // proxies, keeps the preferences in step with the radio service and the
 // host's life cycle and audio focus, and passes the radio's reports on to
 // the screens. The start-up read (RadioStateRead), the interrupt bookkeeping
-// (InterruptBookkeeping) and the hardware keys (HardwareKeys) are its parts.
+// (InterruptBookkeeping), the hardware keys (HardwareKeys) and the media
+// player the rest of the car sees (NowPlaying) are its parts.
 class MainWindow : public cm::BaseWindow, public IAudioFocusChangeListener
 {
     Q_OBJECT
@@ -49,6 +51,7 @@ public:
     bool sourceKeyEvent(KeyEvent *e);
 
     MainWidget *screenStack() const { return m_mainWidget; }
+    NowPlaying *nowPlaying() const { return m_nowPlaying; }
     bool isActive() const { return m_active; }
 
 public slots:
@@ -80,6 +83,8 @@ private slots:
 
 private:
     int currentWindow(bool *timedOut = nullptr);
+    // The next or previous preset key, short, on the driver's behalf: no beep.
+    void pressPresetKey(bool next);
 
     MainWidget *m_mainWidget = nullptr;
     NiloRadioServiceInterface *m_radio;
@@ -89,6 +94,7 @@ private:
     RadioStateRead *m_stateRead;
     InterruptBookkeeping m_interrupts;
     HardwareKeys *m_keys; // with the keys' repeat timer and repeat key
+    NowPlaying *m_nowPlaying;
     bool m_active = false;
 };
 

@@ -55,7 +55,7 @@ bool ChildProcess::start(const QString &program, const QStringList &arguments, O
     posix_spawn_file_actions_adddup2(&actions, lifelinePipe[1], lifelinePipe[1]);
 
     QList<QByteArray> argv8;
-    if (kEmulator[0] != '\0')
+    if (m_emulated && kEmulator[0] != '\0')
         argv8 << QByteArray(kEmulator);
     argv8 << QFile::encodeName(program);
     for (const QString &argument : arguments)

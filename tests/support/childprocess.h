@@ -25,6 +25,8 @@ public:
     ChildProcess &operator=(const ChildProcess &) = delete;
 
     void setEnvironment(const QProcessEnvironment &environment) { m_environment = environment.toStringList(); }
+    // A tool of the build machine (playerctl, say) runs without the emulator.
+    void setEmulated(bool emulated) { m_emulated = emulated; }
     bool start(const QString &program, const QStringList &arguments, Output output = Output::Forwarded);
     bool isRunning();
 
@@ -48,6 +50,7 @@ private:
     pid_t m_pid = -1;
     int m_output = -1;   // read end of the child's stdout, when captured
     int m_lifeline = -1; // read end of a pipe the child holds open until it ends
+    bool m_emulated = true;
     bool m_exited = false;
     bool m_normalExit = false;
     int m_exitCode = -1;

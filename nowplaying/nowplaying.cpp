@@ -1,0 +1,219 @@
+#include "nowplaying.h"
+
+#include "frequencydial.h"
+#include "mpris_player_adaptor.h"
+#include "mpris_root_adaptor.h"
+#include "preferences.h"
+#include "translator.h"
+#include "tunerlog.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QTimerEvent>
+
+namespace tuner {
+
+const char *const NowPlaying::kServiceName = "org.mpris.MediaPlayer2.nilo_tuner";
+const char *const NowPlaying::kObjectPath = "/org/mpris/MediaPlayer2";
+
+namespace {
+
+constexpr char kPlayerInterface[] = "org.mpris.MediaPlayer2.Player";
+constexpr char kBusService[] = "org.freedesktop.DBus";
+constexpr char kBusPath[] = "/org/freedesktop/DBus";
+constexpr uint kDoNotQueue = 4;
+enum NameReply : uint { PrimaryOwner = 1, Exists = 3, AlreadyOwner = 4 };
+
+const char *const kBandNames[] = {"FM1", "FM2", "FM3", "AM1", "AM2"};
+
+QDBusMessage busCall(const char *method, const QString &name)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(QLatin1String(kBusService), QLatin1String(kBusPath),
+                                                       QLatin1String(kBusService), QLatin1String(method));
+    call << name;
+    return call;
+}
+
+} // namespace
+
+NowPlaying::NowPlaying(QObject *radioReports, std::function<void(bool next)> stepPreset, QObject *parent)
+    : QObject(parent)
+    , m_stepPreset(std::move(stepPreset))
+    , m_metadata(currentMetadata())
+    , m_published(playbackStatus())
+{
+    // The reports the screens show a station from.
+    connect(radioReports, SIGNAL(stationChanged(int,int)), this, SLOT(onStationReport()));
+    connect(radioReports, SIGNAL(ProgramName(QString)), this, SLOT(onStationReport()));
+    connect(radioReports, SIGNAL(statusChanged(int)), this, SLOT(onStationReport()));
+    connect(radioReports, SIGNAL(ptyChanged(int,QString)), this, SLOT(onStationReport()));
+
+    new MprisRootAdaptor(this);
+    new MprisPlayerAdaptor(this);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        TUNER_WAR() << "no session bus: the media-player interface is not offered.";
+        return;
+    }
+    m_exported = bus.registerObject(QLatin1String(kObjectPath), this, QDBusConnection::ExportAdaptors);
+    if (!m_exported) {
+        TUNER_WAR() << kObjectPath << "is taken on the session bus: the media-player interface is not offered.";
+        return;
+    }
+    requestName(QLatin1String(kServiceName));
+}
+
+NowPlaying::~NowPlaying()
+{
+    if (!m_exported)
+        return;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bus.unregisterObject(QLatin1String(kObjectPath));
+    if (!m_serviceName.isEmpty())
+        bus.asyncCall(busCall("ReleaseName", m_serviceName));
+}
+
+// Asked without waiting: the bus daemon's answer comes to onNameTaken.
+void NowPlaying::requestName(const QString &name)
+{
+    QDBusMessage call = busCall("RequestName", name);
+    call << kDoNotQueue;
+    auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
+    watcher->setProperty("name", name);
+    connect(watcher, SIGNAL(finished(QDBusPendingCallWatcher*)), this, SLOT(onNameTaken(QDBusPendingCallWatcher*)));
+}
+
+void NowPlaying::onNameTaken(QDBusPendingCallWatcher *watcher)
+{
+    watcher->deleteLater();
+    const QString name = watcher->property("name").toString();
+    const QDBusPendingReply<uint> reply = *watcher;
+    if (reply.isError()) {
+        TUNER_WAR() << name << "could not be requested:" << reply.error().message();
+        return;
+    }
+    if (reply.value() == PrimaryOwner || reply.value() == AlreadyOwner) {
+        m_serviceName = name;
+        return;
+    }
+    // Another player of ours has the name: this one is an instance, as MPRIS names them.
+    if (name == QLatin1String(kServiceName) && reply.value() == Exists) {
+        requestName(name + QStringLiteral(".instance%1").arg(QCoreApplication::applicationPid()));
+        return;
+    }
+    TUNER_WAR() << name << "is taken: the media-player interface has no name.";
+}
+
+void NowPlaying::setPlayback(Playback playback)
+{
+    if (playback == m_playback)
+        return;
+    m_playback = playback;
+    onStationReport();
+}
+
+QString NowPlaying::playbackStatus() const
+{
+    switch (m_playback) {
+    case Playback::Playing:
+        return QStringLiteral("Playing");
+    case Playback::Paused:
+        return QStringLiteral("Paused");
+    case Playback::Stopped:
+        break;
+    }
+    return QStringLiteral("Stopped");
+}
+
+void NowPlaying::Next()
+{
+    m_stepPreset(true);
+}
+
+void NowPlaying::Previous()
+{
+    m_stepPreset(false);
+}
+
+void NowPlaying::Seek(qlonglong)
+{
+}
+
+void NowPlaying::SetPosition(const QDBusObjectPath &, qlonglong)
+{
+}
+
+void NowPlaying::OpenUri(const QString &Uri)
+{
+    if (calledFromDBus())
+        sendErrorReply(QDBusError::NotSupported, QStringLiteral("A tuner opens no URI."));
+    Q_UNUSED(Uri)
+}
+
+// Reports come in floods: the properties are read and announced once the
+// flood has had 50 ms, the last state always last.
+void NowPlaying::onStationReport()
+{
+    if (!m_coalesce.isActive())
+        m_coalesce.start(kCoalesceMs, this);
+}
+
+void NowPlaying::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_coalesce.timerId())
+        return QObject::timerEvent(event);
+    m_coalesce.stop();
+    publish();
+}
+
+void NowPlaying::publish()
+{
+    QVariantMap changed;
+    const QVariantMap metadata = currentMetadata();
+    if (metadata != m_metadata) {
+        m_metadata = metadata;
+        changed.insert(QStringLiteral("Metadata"), metadata);
+    }
+    if (playbackStatus() != m_published) {
+        m_published = playbackStatus();
+        changed.insert(QStringLiteral("PlaybackStatus"), m_published);
+    }
+    if (changed.isEmpty() || !m_exported)
+        return;
+    QDBusMessage signal = QDBusMessage::createSignal(QLatin1String(kObjectPath),
+                                                     QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                     QStringLiteral("PropertiesChanged"));
+    signal << QLatin1String(kPlayerInterface) << changed << QStringList();
+    QDBusConnection::sessionBus().send(signal);
+}
+
+// The station as the display line shows it: its RDS name on FM when it has
+// one, else its frequency with the unit.
+QVariantMap NowPlaying::currentMetadata()
+{
+    const Preferences *p = prefs();
+    const int band = p->band();
+    const int freq = p->playFreq();
+    FrequencyDial dial;
+    dial.setStep(p->stepFreq(), p->isFM());
+    const QString frequency = dial.text(freq) + QLatin1Char(' ') + Translator::translate(p->isFM() ? 40 : 50);
+    QString name = Preferences::delControlChar(p->curRdsName()).trimmed();
+    if (!p->isFM() || name == QLatin1String("NULL"))
+        name.clear();
+    const QString bandName = QLatin1String(Preferences::isValidBand(band) ? kBandNames[band] : "FM1");
+    return {
+        {QStringLiteral("mpris:trackid"),
+         QVariant::fromValue(QDBusObjectPath(QStringLiteral("/org/nilo/tuner/station/%1/%2").arg(bandName).arg(qMax(freq, 0))))},
+        {QStringLiteral("xesam:title"), name.isEmpty() ? frequency : name},
+        {QStringLiteral("xesam:album"), bandName},
+        {QStringLiteral("nilo:frequency"), freq},
+        {QStringLiteral("nilo:band"), band},
+        {QStringLiteral("nilo:programmeType"), p->PTYtype()},
+    };
+}
+
+} // namespace tuner

@@ -1,0 +1,288 @@
+// The tuner as a media player on the test's private bus, as an MPRIS client
+// sees it: its name, its properties, what they follow, and how often they are
+// announced.
+
+#include "audiomanager.h"
+#include "mainwindow.h"
+#include "nowplaying.h"
+#include "tunerfixture.h"
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusPendingCall>
+#include <QElapsedTimer>
+#include <QtTest>
+
+using namespace tuner;
+
+namespace {
+
+constexpr char kPlayer[] = "org.mpris.MediaPlayer2.Player";
+
+constexpr char kProperties[] = "org.freedesktop.DBus.Properties";
+
+// A client on a connection of its own, as another program of the car. The
+// player answers on this thread, so the client waits with the event loop
+// running, never blocked.
+class Client : public QObject
+{
+    Q_OBJECT
+public:
+    Client()
+        : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("client")))
+    {
+        m_bus.connect(QString(), QLatin1String(NowPlaying::kObjectPath), QLatin1String(kProperties),
+                      QStringLiteral("PropertiesChanged"), this, SLOT(onChanged(QString,QVariantMap,QStringList)));
+    }
+    ~Client() override { QDBusConnection::disconnectFromBus(QStringLiteral("client")); }
+
+    QDBusMessage callOn(const QString &interface, const QString &method, const QVariantList &arguments = {})
+    {
+        QDBusMessage message = QDBusMessage::createMethodCall(QLatin1String(NowPlaying::kServiceName),
+                                                              QLatin1String(NowPlaying::kObjectPath), interface, method);
+        message.setArguments(arguments);
+        QDBusPendingCall pending = m_bus.asyncCall(message);
+        if (!QTest::qWaitFor([&] { return pending.isFinished(); }, 10000))
+            return QDBusMessage::createError(QDBusError::Timeout, QStringLiteral("no answer"));
+        return pending.reply();
+    }
+    QDBusMessage call(const QString &method, const QVariantList &arguments = {})
+    {
+        return callOn(QLatin1String(kPlayer), method, arguments);
+    }
+    QVariant property(const QString &name, const QString &interface = QLatin1String(kPlayer))
+    {
+        const QDBusMessage reply = callOn(QLatin1String(kProperties), QStringLiteral("Get"), {interface, name});
+        return qdbus_cast<QDBusVariant>(reply.arguments().value(0)).variant();
+    }
+    void setProperty(const QString &name, const QVariant &value)
+    {
+        callOn(QLatin1String(kProperties), QStringLiteral("Set"), {QLatin1String(kPlayer), name, QVariant::fromValue(QDBusVariant(value))});
+    }
+
+    QList<QVariantMap> changes;
+    // A property as the last announcement that carried it says.
+    QVariant last(const QString &name) const
+    {
+        for (auto it = changes.crbegin(); it != changes.crend(); ++it) {
+            if (it->contains(name))
+                return it->value(name);
+        }
+        return {};
+    }
+    QVariant lastMetadata(const char *key) const
+    {
+        return qdbus_cast<QVariantMap>(last(QStringLiteral("Metadata"))).value(QLatin1String(key));
+    }
+
+private slots:
+    void onChanged(const QString &interface, const QVariantMap &changed, const QStringList &)
+    {
+        if (interface == QLatin1String(kPlayer))
+            changes << changed;
+    }
+
+private:
+    QDBusConnection m_bus;
+};
+
+} // namespace
+
+class tst_NowPlaying : public QObject, private TunerFixture
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        newState();
+        AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
+        m_window = std::make_unique<MainWindow>();
+        QTRY_COMPARE(m_window->nowPlaying()->serviceName(), QLatin1String(NowPlaying::kServiceName));
+        m_client = std::make_unique<Client>();
+        forgetCalls();
+    }
+
+    void cleanup()
+    {
+        m_client.reset();
+        m_window.reset();
+        m_state.reset();
+    }
+
+    void identifiesAsATunerThatOnlySteps_data()
+    {
+        QTest::addColumn<QString>("interface");
+        QTest::addColumn<QString>("property");
+        QTest::addColumn<QVariant>("value");
+        const QString root = QStringLiteral("org.mpris.MediaPlayer2");
+        QTest::newRow("Identity") << root << "Identity" << QVariant(QStringLiteral("Nilo tuner"));
+        QTest::newRow("CanQuit") << root << "CanQuit" << QVariant(false);
+        QTest::newRow("CanRaise") << root << "CanRaise" << QVariant(false);
+        QTest::newRow("HasTrackList") << root << "HasTrackList" << QVariant(false);
+        QTest::newRow("SupportedUriSchemes") << root << "SupportedUriSchemes" << QVariant(QStringList());
+        QTest::newRow("CanGoNext") << kPlayer << "CanGoNext" << QVariant(true);
+        QTest::newRow("CanGoPrevious") << kPlayer << "CanGoPrevious" << QVariant(true);
+        QTest::newRow("CanControl") << kPlayer << "CanControl" << QVariant(true);
+        QTest::newRow("CanPause") << kPlayer << "CanPause" << QVariant(false);
+        QTest::newRow("CanSeek") << kPlayer << "CanSeek" << QVariant(false);
+        QTest::newRow("PlaybackStatus before start") << kPlayer << "PlaybackStatus" << QVariant(QStringLiteral("Stopped"));
+    }
+
+    void identifiesAsATunerThatOnlySteps()
+    {
+        QFETCH(QString, interface);
+        QFETCH(QString, property);
+        QFETCH(QVariant, value);
+        QCOMPARE(m_client->property(property, interface), value);
+    }
+
+    // What a hostile client may send changes nothing and reaches no service.
+    void oddCallsChangeNothing()
+    {
+        const QVariantMap before = m_window->nowPlaying()->metadata();
+        for (const char *method : {"Play", "Pause", "PlayPause", "Stop"})
+            QCOMPARE(m_client->call(QLatin1String(method)).type(), QDBusMessage::ReplyMessage);
+        m_client->call(QStringLiteral("Seek"), {std::numeric_limits<qlonglong>::min()});
+        m_client->call(QStringLiteral("SetPosition"), {QVariant::fromValue(QDBusObjectPath("/no/such/track")),
+                                                       std::numeric_limits<qlonglong>::max()});
+        QCOMPARE(m_client->call(QStringLiteral("Seek"), {QStringLiteral("not a number")}).type(), QDBusMessage::ErrorMessage);
+        m_client->setProperty(QStringLiteral("Volume"), -1e308);
+        m_client->setProperty(QStringLiteral("Rate"), QStringLiteral("fast"));
+        const QDBusMessage open = m_client->call(QStringLiteral("OpenUri"), {QStringLiteral("file:///etc/passwd")});
+        QCOMPARE(open.type(), QDBusMessage::ErrorMessage);
+        QCOMPARE(open.errorName(), QStringLiteral("org.freedesktop.DBus.Error.NotSupported"));
+        QCOMPARE(m_client->property(QStringLiteral("Volume")).toDouble(), 1.0);
+        QCOMPARE(m_client->property(QStringLiteral("Rate")).toDouble(), 1.0);
+        QCOMPARE(m_window->nowPlaying()->metadata(), before);
+        forgetCalls();
+        QCOMPARE(radioCalls(), QStringList());
+        QCOMPARE(mcuCalls(), QStringList());
+    }
+
+    // Thousands of Next in a row: only preset stepping reaches the radio.
+    void nextFloodOnlyStepsPresets()
+    {
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        for (int i = 0; i < 2000; ++i) {
+            bus.asyncCall(QDBusMessage::createMethodCall(QLatin1String(NowPlaying::kServiceName), QLatin1String(NowPlaying::kObjectPath),
+                                                         QLatin1String(kPlayer), QLatin1String(i % 3 ? "Next" : "Previous")));
+        }
+        QCOMPARE(m_client->call(QStringLiteral("Next")).type(), QDBusMessage::ReplyMessage);
+        const QStringList calls = radioCalls();
+        QVERIFY(calls.size() >= 2001);
+        QCOMPARE(calls.filter(QRegularExpression("^(setPreset|setTa|setAf|setband)\\(")), calls);
+        QCOMPARE(mcuCalls(), QStringList());
+    }
+
+    void playbackFollowsSourceAndFocus_data()
+    {
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QString>("status");
+        QTest::newRow("started") << "start" << "Playing";
+        QTest::newRow("focus lost for a while") << "start focus-2" << "Paused";
+        QTest::newRow("focus back after a while") << "start focus-2 focus1" << "Playing";
+        QTest::newRow("focus lost") << "start focus-1" << "Stopped";
+        QTest::newRow("focus back after losing it for good stays stopped") << "start focus-1 focus1" << "Stopped";
+        QTest::newRow("source stopped") << "start stop" << "Stopped";
+        QTest::newRow("window destroyed") << "start destroy" << "Stopped";
+        QTest::newRow("focus refused") << "refused start" << "Stopped";
+    }
+
+    void playbackFollowsSourceAndFocus()
+    {
+        QFETCH(QString, steps);
+        QFETCH(QString, status);
+        for (const QString &step : steps.split(QLatin1Char(' '))) {
+            if (step == QLatin1String("refused"))
+                AudioManager::instance()->setFocusResult(AudioManager::FocusRefused);
+            else if (step == QLatin1String("start"))
+                m_window->start();
+            else if (step == QLatin1String("stop"))
+                m_window->stop();
+            else if (step == QLatin1String("destroy"))
+                m_window->onDestroy();
+            else
+                m_window->onAudioFocusChange(step.mid(5).toInt());
+        }
+        QCOMPARE(m_client->property(QStringLiteral("PlaybackStatus")).toString(), status);
+        if (status != QLatin1String("Stopped"))
+            QTRY_COMPARE(m_client->last(QStringLiteral("PlaybackStatus")).toString(), status);
+    }
+
+    // The station as the display line shows it, announced when it changes.
+    void metadataFollowsTheStation_data()
+    {
+        QTest::addColumn<int>("freq");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("album");
+        QTest::newRow("FM without a name") << 9450 << 0 << "" << "94.50 MHz" << "FM1";
+        QTest::newRow("FM with a name") << 9450 << 1 << "SWR3" << "SWR3" << "FM2";
+        QTest::newRow("FM, name cleared") << 9450 << 2 << "NULL" << "94.50 MHz" << "FM3";
+        QTest::newRow("AM: no name shown") << 999 << 3 << "BBC" << "999 kHz" << "AM1";
+    }
+
+    void metadataFollowsTheStation()
+    {
+        QFETCH(int, freq);
+        QFETCH(int, band);
+        QFETCH(QString, name);
+        QFETCH(QString, title);
+        QFETCH(QString, album);
+        Client &client = *m_client;
+        prefs()->setBand(Band(band));
+        m_fakes->inServiceThread([&] {
+            emit m_fakes->radio()->stationChanged(freq, band);
+            emit m_fakes->radio()->ProgramName(name);
+        });
+        QTRY_COMPARE(client.lastMetadata("xesam:title").toString(), title);
+        QCOMPARE(client.lastMetadata("xesam:album").toString(), album);
+        QCOMPARE(client.lastMetadata("nilo:frequency").toInt(), freq);
+        QCOMPARE(qdbus_cast<QDBusObjectPath>(client.lastMetadata("mpris:trackid")).path(),
+                 QStringLiteral("/org/nilo/tuner/station/%1/%2").arg(album).arg(freq));
+        QCOMPARE(qdbus_cast<QVariantMap>(client.property(QStringLiteral("Metadata"))).value("xesam:title").toString(), title);
+    }
+
+    // 20 000 reports in a burst: a few announcements, at most one per 50 ms,
+    // and the last one carries the last station.
+    void floodIsAnnouncedCoalesced()
+    {
+        Client &client = *m_client;
+        QElapsedTimer clock;
+        clock.start();
+        m_fakes->inServiceThread([&] {
+            for (int i = 0; i < 20000; ++i)
+                emit m_fakes->radio()->stationChanged(8750 + 5 * (i % 400), 0);
+            emit m_fakes->radio()->stationChanged(10000, 0);
+        });
+        QTRY_COMPARE(client.lastMetadata("nilo:frequency").toInt(), 10000);
+        const qint64 elapsed = clock.elapsed();
+        // A coarse timer may run up to 5 % early: 40 ms is the least spacing.
+        QVERIFY2(client.changes.size() <= 1 + elapsed / 40, qPrintable(QString::number(client.changes.size())));
+        QVERIFY(client.changes.size() < 300);
+        QTest::qWait(2 * NowPlaying::kCoalesceMs); // nothing after the last state
+        QCOMPARE(client.lastMetadata("nilo:frequency").toInt(), 10000);
+    }
+
+    // A second tuner in the process (or another one of ours on the bus) takes
+    // an instance name.
+    void aTakenNameGivesAnInstanceName()
+    {
+        QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
+        m_window.reset();
+        QVERIFY(other.registerService(QLatin1String(NowPlaying::kServiceName)));
+        MainWindow second;
+        QTRY_COMPARE(second.nowPlaying()->serviceName(),
+                     QStringLiteral("%1.instance%2").arg(NowPlaying::kServiceName).arg(QCoreApplication::applicationPid()));
+        QDBusConnection::disconnectFromBus(QStringLiteral("other"));
+    }
+
+private:
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<Client> m_client;
+};
+
+QTEST_MAIN(tst_NowPlaying)
+#include "tst_nowplaying.moc"

@@ -139,19 +139,10 @@ void NowPlaying::Previous()
     m_stepPreset(false);
 }
 
-void NowPlaying::Seek(qlonglong)
-{
-}
-
-void NowPlaying::SetPosition(const QDBusObjectPath &, qlonglong)
-{
-}
-
-void NowPlaying::OpenUri(const QString &Uri)
+void NowPlaying::OpenUri(const QString &)
 {
     if (calledFromDBus())
         sendErrorReply(QDBusError::NotSupported, QStringLiteral("A tuner opens no URI."));
-    Q_UNUSED(Uri)
 }
 
 // Reports come in floods: the properties are read and announced once the

@@ -78,8 +78,9 @@ public slots:
     void PlayPause() {}
     void Stop() {}
     void Play() {}
-    void Seek(qlonglong Offset);
-    void SetPosition(const QDBusObjectPath &TrackId, qlonglong Position);
+    void Seek(qlonglong) {}
+    void SetPosition(const QDBusObjectPath &, qlonglong) {}
+    // Answers an error: there is nothing a tuner could open.
     void OpenUri(const QString &Uri);
 
 signals:

@@ -40,17 +40,18 @@ QDBusMessage busCall(const char *method, const QString &name)
 
 } // namespace
 
-NowPlaying::NowPlaying(QObject *radioReports, std::function<void(bool next)> stepPreset, QObject *parent)
+NowPlaying::NowPlaying(std::function<void(bool next)> stepPreset, QObject *parent)
     : QObject(parent)
     , m_stepPreset(std::move(stepPreset))
-    , m_metadata(currentMetadata())
+    , m_announced(currentMetadata())
     , m_published(playbackStatus())
 {
-    // The reports the screens show a station from.
-    connect(radioReports, SIGNAL(stationChanged(int,int)), this, SLOT(onStationReport()));
-    connect(radioReports, SIGNAL(ProgramName(QString)), this, SLOT(onStationReport()));
-    connect(radioReports, SIGNAL(statusChanged(int)), this, SLOT(onStationReport()));
-    connect(radioReports, SIGNAL(ptyChanged(int,QString)), this, SLOT(onStationReport()));
+    // Metadata is compared before it is announced, and its track id is a path.
+    static const bool pathsCompare = QMetaType::registerComparators<QDBusObjectPath>();
+    Q_UNUSED(pathsCompare)
+    // Whatever changes the station the display line shows: the radio's
+    // reports, and the screen's own recalls and clears.
+    Preferences::watchStation(this, [this] { onStationChanged(); });
 
     new MprisRootAdaptor(this);
     new MprisPlayerAdaptor(this);
@@ -69,6 +70,7 @@ NowPlaying::NowPlaying(QObject *radioReports, std::function<void(bool next)> ste
 
 NowPlaying::~NowPlaying()
 {
+    Preferences::unwatchStation(this);
     if (!m_exported)
         return;
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -113,7 +115,7 @@ void NowPlaying::setPlayback(Playback playback)
     if (playback == m_playback)
         return;
     m_playback = playback;
-    onStationReport();
+    onStationChanged();
 }
 
 QString NowPlaying::playbackStatus() const
@@ -147,7 +149,7 @@ void NowPlaying::OpenUri(const QString &)
 
 // Reports come in floods: the properties are read and announced once the
 // flood has had 50 ms, the last state always last.
-void NowPlaying::onStationReport()
+void NowPlaying::onStationChanged()
 {
     if (!m_coalesce.isActive())
         m_coalesce.start(kCoalesceMs, this);
@@ -165,8 +167,8 @@ void NowPlaying::publish()
 {
     QVariantMap changed;
     const QVariantMap metadata = currentMetadata();
-    if (metadata != m_metadata) {
-        m_metadata = metadata;
+    if (metadata != m_announced) {
+        m_announced = metadata;
         changed.insert(QStringLiteral("Metadata"), metadata);
     }
     if (playbackStatus() != m_published) {

@@ -15,9 +15,9 @@ namespace tuner {
 
 // The tuner as an MPRIS2 media player on the session bus, for the rest of the
 // car: the station that plays as the track, whether the tuner plays, and Next
-// and Previous as the steering wheel's preset keys. It reads what the screens
-// read (the radio's reports and the preferences they fill) and acts only
-// through the keys; it never talks to the radio service itself.
+// and Previous as the steering wheel's preset keys. It reads the station from
+// the preferences, as the display line shows it, and acts only through the
+// keys; it never talks to the radio service itself.
 class NowPlaying : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -53,10 +53,9 @@ public:
     static const char *const kObjectPath;    // "/org/mpris/MediaPlayer2"
     static constexpr int kCoalesceMs = 50;   // at most one PropertiesChanged in this time
 
-    // `radioReports`: the object whose radio signals the screens get.
     // `stepPreset`: the next (true) or previous preset key, pressed on the
     // driver's behalf. Exported on the session bus when it is connected.
-    NowPlaying(QObject *radioReports, std::function<void(bool next)> stepPreset, QObject *parent = nullptr);
+    explicit NowPlaying(std::function<void(bool next)> stepPreset, QObject *parent = nullptr);
     ~NowPlaying() override;
 
     void setPlayback(Playback playback);
@@ -65,7 +64,8 @@ public:
     QString serviceName() const { return m_serviceName; }
 
     QString playbackStatus() const;
-    QVariantMap metadata() const { return m_metadata; }
+    // Read when asked: always the station as it is now.
+    QVariantMap metadata() const { return currentMetadata(); }
 
 public slots:
     // org.mpris.MediaPlayer2
@@ -90,8 +90,6 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private slots:
-    // Something the metadata is made of may have changed.
-    void onStationReport();
     void onNameTaken(QDBusPendingCallWatcher *watcher);
 
 private:
@@ -103,14 +101,16 @@ private:
     QStringList none() const { return {}; }
     qlonglong position() const { return 0; }
 
+    // Something the metadata is made of may have changed.
+    void onStationChanged();
     void requestName(const QString &name);
     void publish();
     static QVariantMap currentMetadata();
 
     std::function<void(bool)> m_stepPreset;
     Playback m_playback = Playback::Stopped;
-    QVariantMap m_metadata;
-    QString m_published; // the PlaybackStatus last announced
+    QVariantMap m_announced; // the Metadata last announced
+    QString m_published;     // the PlaybackStatus last announced
     QString m_serviceName;
     QBasicTimer m_coalesce;
     bool m_exported = false;

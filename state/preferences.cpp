@@ -5,6 +5,9 @@
 #include "settingsutil.h"
 #include "translator.h"
 #include "tunerlog.h"
+
+#include <algorithm>
+#include <vector>
 #include "tunerpaths.h"
 
 #include <QStringList>
@@ -161,6 +164,34 @@ void Preferences::storeSwitch(bool &field, bool on, const char *key)
     m_radioConf->setValue(QLatin1String("Tune/") + QLatin1String(key), on);
 }
 
+namespace {
+
+std::vector<std::pair<const void *, std::function<void()>>> &stationWatchers()
+{
+    static std::vector<std::pair<const void *, std::function<void()>>> watchers;
+    return watchers;
+}
+
+} // namespace
+
+void Preferences::watchStation(const void *owner, std::function<void()> changed)
+{
+    stationWatchers().emplace_back(owner, std::move(changed));
+}
+
+void Preferences::unwatchStation(const void *owner)
+{
+    auto &watchers = stationWatchers();
+    watchers.erase(std::remove_if(watchers.begin(), watchers.end(), [owner](const auto &w) { return w.first == owner; }),
+                   watchers.end());
+}
+
+void Preferences::stationChanged()
+{
+    for (const auto &watcher : stationWatchers())
+        watcher.second();
+}
+
 void Preferences::storeBand(Band &field, Band band, const char *key)
 {
     if (!isValidBand(band)) {
@@ -194,6 +225,7 @@ void Preferences::setRegional(bool on)
 void Preferences::setBand(Band band)
 {
     storeBand(m_band, band, "CurrBand");
+    stationChanged();
 }
 
 void Preferences::setBand_FM(Band band)
@@ -213,6 +245,7 @@ void Preferences::setCurrPlayFreq(int freq)
     flagBand &band = current();
     band.currFreq = snapToBand(band, freq);
     writeBandKey(m_band, QStringLiteral("CurrFreq"), band.currFreq);
+    stationChanged();
 }
 
 void Preferences::setPlayFreq(Band band, int freq)
@@ -224,6 +257,7 @@ void Preferences::setPlayFreq(Band band, int freq)
     flagBand &data = m_bands[band];
     data.currFreq = snapToBand(data, freq);
     m_radioConf->setValue(ownBandGroup(band) + QLatin1String("/CurrFreq"), data.currFreq);
+    stationChanged();
 }
 
 // Only ids above 5 become "none"; negative ids are stored as they are.
@@ -401,6 +435,7 @@ void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_fre
     m_presetIndex = validPreset(playFreqId()) ? playFreqId() : 0;
     m_presetBand = m_band;
     m_btmBand = m_band;
+    stationChanged();
 }
 
 // --- state kept in radio.conf ------------------------------------------------

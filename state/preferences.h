@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 #include <memory>
 
 namespace tuner {
@@ -46,6 +48,10 @@ public:
     static Preferences *getInstance();
     // Drops the instance so the next getInstance() starts afresh (tests).
     static void resetInstance();
+    // Who shows the playing station elsewhere is told after a change of what
+    // identifies it: band, frequency, RDS name and status, programme type.
+    static void watchStation(const void *owner, std::function<void()> changed);
+    static void unwatchStation(const void *owner);
 
     // Persistent setters.
     void setLocal(bool on);
@@ -98,13 +104,13 @@ public:
     void setCancelAlarm(bool on) { m_cancelAlarm = on; }
     void setCloseClick(bool on) { m_closeClicked = on; }
     void setNumberKeyInter(bool on) { m_numberKeyInter = on; }
-    void setRdsStatus(int state) { m_rdsState = state; }
+    void setRdsStatus(int state) { m_rdsState = state; stationChanged(); }
     void setPty(int pty) { m_pty = pty < 0 ? 0 : pty; }
-    void setPtyItem(int type) { m_ptyType = type; }
+    void setPtyItem(int type) { m_ptyType = type; stationChanged(); }
     void setPtySerchstate(int state) { m_ptySearchState = state; }
     void setWorkState(int state) { m_workState = state; }
     void setAutoCount(int count) { m_autoCount = count; } // part of the interface; nothing reads the count
-    void setCurRdsName(const QString &name) { m_curRdsName = name; }
+    void setCurRdsName(const QString &name) { m_curRdsName = name; stationChanged(); }
     void setCurPTYItem(const QString &item) { m_selectPty = item; }
     void setPTYSerchName(const QString &name) { m_ptySearchName = name; }
     void setSavePreset(int index, bool on);
@@ -197,6 +203,7 @@ private:
     void writeBandKey(int bandNumber, const QString &key, T value);
     void storeSwitch(bool &field, bool on, const char *key);
     void storeBand(Band &field, Band band, const char *key);
+    static void stationChanged();
 
     static Preferences *p_Instance;
 

@@ -263,8 +263,17 @@ private slots:
         // A coarse timer may run up to 5 % early: 40 ms is the least spacing.
         QVERIFY2(client.changes.size() <= 1 + elapsed / 40, qPrintable(QString::number(client.changes.size())));
         QVERIFY(client.changes.size() < 300);
-        QTest::qWait(2 * NowPlaying::kCoalesceMs); // nothing after the last state
-        QCOMPARE(client.lastMetadata("nilo:frequency").toInt(), 10000);
+        // The same station again is no change: nothing is announced.
+        const int announced = client.changes.size();
+        m_fakes->inServiceThread([&] { emit m_fakes->radio()->stationChanged(10000, 0); });
+        QTest::qWait(2 * NowPlaying::kCoalesceMs);
+        QCOMPARE(client.changes.size(), announced);
+        // A change the screen makes without a report (a seek or another band
+        // page clears the station's name) is announced as well.
+        m_fakes->inServiceThread([&] { emit m_fakes->radio()->ProgramName(QStringLiteral("NDR 2")); });
+        QTRY_COMPARE(client.lastMetadata("xesam:title").toString(), QStringLiteral("NDR 2"));
+        prefs()->setCurRdsName(QString());
+        QTRY_COMPARE(client.lastMetadata("xesam:title").toString(), QStringLiteral("100.00 MHz"));
     }
 
     // A second tuner in the process (or another one of ours on the bus) takes

@@ -48,7 +48,7 @@ MainWindow::MainWindow(QObject *parent)
     , m_stateRead(new RadioStateRead(m_radio, this))
     , m_interrupts(m_radio)
     , m_keys(new HardwareKeys(m_radio, m_mcu, m_interrupts, [this] { return m_mainWidget; }, this))
-    , m_nowPlaying(new NowPlaying(m_radioEdge, [this](bool next) { pressPresetKey(next); }, this))
+    , m_nowPlaying(new NowPlaying([this](bool next) { pressPresetKey(next); }, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),

@@ -166,10 +166,12 @@ void Preferences::storeSwitch(bool &field, bool on, const char *key)
 
 namespace {
 
+// Never destroyed: a watcher may let go of it while the process exits, after
+// the statics of the plug-in are gone.
 std::vector<std::pair<const void *, std::function<void()>>> &stationWatchers()
 {
-    static std::vector<std::pair<const void *, std::function<void()>>> watchers;
-    return watchers;
+    static auto *watchers = new std::vector<std::pair<const void *, std::function<void()>>>;
+    return *watchers;
 }
 
 } // namespace

@@ -1,10 +1,9 @@
 #include "nowplaying.h"
 
-#include "frequencydial.h"
 #include "mpris_player_adaptor.h"
 #include "mpris_root_adaptor.h"
 #include "preferences.h"
-#include "translator.h"
+#include "shownstation.h"
 #include "tunerlog.h"
 
 #include <QCoreApplication>
@@ -40,8 +39,9 @@ QDBusMessage busCall(const char *method, const QString &name)
 
 } // namespace
 
-NowPlaying::NowPlaying(std::function<void(bool next)> stepPreset, QObject *parent)
+NowPlaying::NowPlaying(const ShownStation &shown, std::function<void(bool next)> stepPreset, QObject *parent)
     : QObject(parent)
+    , m_shown(shown)
     , m_stepPreset(std::move(stepPreset))
     , m_announced(currentMetadata())
     , m_published(playbackStatus())
@@ -49,8 +49,8 @@ NowPlaying::NowPlaying(std::function<void(bool next)> stepPreset, QObject *paren
     // Metadata is compared before it is announced, and its track id is a path.
     static const bool pathsCompare = QMetaType::registerComparators<QDBusObjectPath>();
     Q_UNUSED(pathsCompare)
-    // Whatever changes the station the display line shows: the radio's
-    // reports, and the screen's own recalls and clears.
+    connect(&m_shown, SIGNAL(changed()), this, SLOT(onStationChanged()));
+    // Band, frequency and programme type as the radio reports them.
     Preferences::watchStation(this, [this] { onStationChanged(); });
 
     new MprisRootAdaptor(this);
@@ -184,24 +184,16 @@ void NowPlaying::publish()
     QDBusConnection::sessionBus().send(signal);
 }
 
-// The station as the display line shows it: its RDS name on FM when it has
-// one, else its frequency with the unit.
-QVariantMap NowPlaying::currentMetadata()
+QVariantMap NowPlaying::currentMetadata() const
 {
     const Preferences *p = prefs();
     const int band = p->band();
     const int freq = p->playFreq();
-    FrequencyDial dial;
-    dial.setStep(p->stepFreq(), p->isFM());
-    const QString frequency = dial.text(freq) + QLatin1Char(' ') + Translator::translate(p->isFM() ? 40 : 50);
-    QString name = Preferences::delControlChar(p->curRdsName()).trimmed();
-    if (!p->isFM() || name == QLatin1String("NULL"))
-        name.clear();
     const QString bandName = QLatin1String(Preferences::isValidBand(band) ? kBandNames[band] : "FM1");
     return {
         {QStringLiteral("mpris:trackid"),
          QVariant::fromValue(QDBusObjectPath(QStringLiteral("/org/nilo/tuner/station/%1/%2").arg(bandName).arg(qMax(freq, 0))))},
-        {QStringLiteral("xesam:title"), name.isEmpty() ? frequency : name},
+        {QStringLiteral("xesam:title"), m_shown.title()},
         {QStringLiteral("xesam:album"), bandName},
         {QStringLiteral("nilo:frequency"), freq},
         {QStringLiteral("nilo:band"), band},

@@ -13,11 +13,14 @@ class QDBusPendingCallWatcher;
 
 namespace tuner {
 
+class ShownStation;
+
 // The tuner as an MPRIS2 media player on the session bus, for the rest of the
 // car: the station that plays as the track, whether the tuner plays, and Next
-// and Previous as the steering wheel's preset keys. It reads the station from
-// the preferences, as the display line shows it, and acts only through the
-// keys; it never talks to the radio service itself.
+// and Previous as the steering wheel's preset keys. Its title is the station
+// as the screen's display line shows it (`shown`); band, frequency and
+// programme type come from the preferences. It acts only through the keys and
+// never talks to the radio service itself.
 class NowPlaying : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -55,7 +58,7 @@ public:
 
     // `stepPreset`: the next (true) or previous preset key, pressed on the
     // driver's behalf. Exported on the session bus when it is connected.
-    explicit NowPlaying(std::function<void(bool next)> stepPreset, QObject *parent = nullptr);
+    NowPlaying(const ShownStation &shown, std::function<void(bool next)> stepPreset, QObject *parent = nullptr);
     ~NowPlaying() override;
 
     void setPlayback(Playback playback);
@@ -91,6 +94,8 @@ protected:
 
 private slots:
     void onNameTaken(QDBusPendingCallWatcher *watcher);
+    // Something the metadata is made of may have changed.
+    void onStationChanged();
 
 private:
     bool no() const { return false; }
@@ -101,12 +106,11 @@ private:
     QStringList none() const { return {}; }
     qlonglong position() const { return 0; }
 
-    // Something the metadata is made of may have changed.
-    void onStationChanged();
     void requestName(const QString &name);
     void publish();
-    static QVariantMap currentMetadata();
+    QVariantMap currentMetadata() const;
 
+    const ShownStation &m_shown;
     std::function<void(bool)> m_stepPreset;
     Playback m_playback = Playback::Stopped;
     QVariantMap m_announced; // the Metadata last announced

@@ -2,13 +2,15 @@
 
 #include "scrolllabel.h"
 #include "settingsutil.h"
+#include "shownstation.h"
 #include "translator.h"
 #include "ui_c20_003_tuner.h"
 
 namespace tuner {
 
-DisplayLine::DisplayLine(Ui::c20_003_tuner *form)
+DisplayLine::DisplayLine(Ui::c20_003_tuner *form, ShownStation &shown)
     : ui(form)
+    , m_shown(shown)
 {
 }
 
@@ -74,6 +76,7 @@ void DisplayLine::showFrequency(const QString &text)
 void DisplayLine::setFrequencyText(const QString &text)
 {
     mirror(ui->Txt_0035_rds_freq, ui->Txt_0019_rds_freq, text);
+    m_shown.setFrequency(text);
 }
 
 void DisplayLine::showRecalledFrequency(const QString &text)
@@ -87,7 +90,40 @@ void DisplayLine::showRecalledFrequency(const QString &text)
 
 void DisplayLine::showUnit(bool fm)
 {
-    mirror(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit, Translator::translate(fm ? 40 : 50));
+    const QString unit = Translator::translate(fm ? 40 : 50);
+    mirror(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit, unit);
+    m_shown.setUnit(unit);
+}
+
+void DisplayLine::showName(const QString &name, bool fm)
+{
+    const int line = mode();
+    turnToPage();
+    if (line == 0) {
+        const bool showName = fm && !name.isEmpty();
+        ui->Txt_0019_rds_freq->setVisible(!showName);
+        ui->Txt_0020_rds_unit->setVisible(!showName);
+        ui->Txt_0018_rds_name->setVisible(showName);
+        ui->Txt_0018_rds_name->setText(name);
+    } else if (line == 1) {
+        ScrollLabel *label = ui->Txt_0037_rds_name;
+        label->setVisible(fm);
+        label->setText(name);
+        label->updateCoordinates();
+        // A name longer than the label runs as a marquee.
+        if (label->fontMetrics().horizontalAdvance(name) > label->width())
+            label->onStart();
+        else
+            label->onStop();
+    }
+    m_shown.setName(fm ? name : QString());
+}
+
+void DisplayLine::hideName()
+{
+    if (QLabel *label = name())
+        label->hide();
+    m_shown.setName(QString());
 }
 
 void DisplayLine::showInterruptPage()
@@ -104,6 +140,8 @@ void DisplayLine::showAmFrequencyPage()
     ui->Txt_0019_rds_freq->show();
     ui->Txt_0020_rds_unit->show();
     ui->Txt_0018_rds_name->hide();
+    if (mode() == 0)
+        m_shown.setName(QString());
 }
 
 } // namespace tuner

@@ -9,13 +9,16 @@ class c20_003_tuner;
 
 namespace tuner {
 
+class ShownStation;
+
 // The display line chosen in the vehicle settings: mode 1 shows frequency and
 // station name together (page_tuner_01), mode 0 one or the other
-// (page_tuner_02). For any other mode there is no such widget (null).
+// (page_tuner_02). For any other mode there is no such widget (null). What it
+// shows of the station it also writes to `shown`, for the media player.
 class DisplayLine
 {
 public:
-    explicit DisplayLine(Ui::c20_003_tuner *form);
+    DisplayLine(Ui::c20_003_tuner *form, ShownStation &shown);
 
     int mode() const;
     QLabel *freq() const;
@@ -32,6 +35,9 @@ public:
     // A recalled preset's frequency, at once and without the station's icons.
     void showRecalledFrequency(const QString &text);
     void showUnit(bool fm);
+    // The station's name, or none ("" after "NULL"); on AM no name shows.
+    void showName(const QString &name, bool fm);
+    void hideName();
     // page_tuner_02 with its RDS and TP icons, under the interrupt popup.
     void showInterruptPage();
     // On AM, page_tuner_02 shows the frequency and nothing of RDS.
@@ -44,6 +50,7 @@ private:
     void mirror(QLabel *mode1Label, QLabel *page2Label, const QString &text);
 
     Ui::c20_003_tuner *ui;
+    ShownStation &m_shown;
 };
 
 } // namespace tuner

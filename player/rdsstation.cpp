@@ -5,7 +5,6 @@
 #include "preferences.h"
 #include "presetpages.h"
 #include "radiocontrol.h"
-#include "scrolllabel.h"
 #include "ui_c20_003_tuner.h"
 
 namespace tuner {
@@ -32,26 +31,7 @@ void RdsStation::showName(QString name)
     const bool none = name.isEmpty() || name == kNoName;
     if (!none)
         name = Preferences::delControlChar(name);
-    const QString shown = name == kNoName ? QString() : name;
-    const int mode = m_line.mode();
-    m_line.turnToPage();
-    if (mode == 0) {
-        const bool showName = p->isFM() && !none;
-        ui->Txt_0019_rds_freq->setVisible(!showName);
-        ui->Txt_0020_rds_unit->setVisible(!showName);
-        ui->Txt_0018_rds_name->setVisible(showName);
-        ui->Txt_0018_rds_name->setText(shown);
-    } else if (mode == 1) {
-        ScrollLabel *label = ui->Txt_0037_rds_name;
-        label->setVisible(p->isFM());
-        label->setText(shown);
-        label->updateCoordinates();
-        // A name longer than the label runs as a marquee.
-        if (label->fontMetrics().horizontalAdvance(shown) > label->width())
-            label->onStart();
-        else
-            label->onStop();
-    }
+    m_line.showName(name == kNoName ? QString() : name, p->isFM());
 
     const int id = p->playFreqId();
     if (!p->isFM() || id < 0 || id >= kPresetCount || name.isEmpty())
@@ -69,15 +49,15 @@ void RdsStation::showStatus(int state)
 {
     QLabel *rds = m_line.rdsIcon();
     QLabel *tp = m_line.tpIcon();
-    QLabel *name = m_line.name();
-    const auto hide = [](std::initializer_list<QLabel *> labels) {
-        for (QLabel *label : labels) {
+    const auto hide = [&] {
+        for (QLabel *label : {rds, tp}) {
             if (label)
                 label->hide();
         }
+        m_line.hideName();
     };
     if (!prefs()->isFM()) {
-        hide({rds, tp, name});
+        hide();
         return;
     }
     if (state == 1 || state == 3 || state == 5 || state == 7) {
@@ -88,7 +68,7 @@ void RdsStation::showStatus(int state)
         return;
     }
     prefs()->setCurRdsName(QString());
-    hide({rds, tp, name});
+    hide();
     if (QLabel *freq = m_line.freq())
         freq->show();
     m_line.setFrequencyText(m_dial.text(m_control.lastFrequency()));

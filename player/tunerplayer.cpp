@@ -10,6 +10,7 @@
 #include "radioedge.h"
 #include "rdsswitches.h"
 #include "scrolllabel.h"
+#include "shownstation.h"
 #include "stationreport.h"
 #include "swipe.h"
 #include "theme.h"
@@ -38,12 +39,13 @@ Ui::c20_003_tuner *buildForm(QWidget *screen)
 
 } // namespace
 
-TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge)
+TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge, ShownStation *shown)
     : QWidget(parent)
     , ui(buildForm(this))
+    , m_shown(shown ? shown : new ShownStation(this))
     , m_control(bus::createRadioProxy(this), bus::createMcuProxy(this))
     , m_interrupts(m_control.radio())
-    , m_line(ui)
+    , m_line(ui, *m_shown)
     , m_pages(ui, this)
     , m_rds(ui, m_line, m_pages, m_dial, m_control)
     , m_banner(this, m_line, m_interrupts)

@@ -29,6 +29,7 @@ namespace tuner {
 
 class c35_011_interrupt_on_tuner;
 class RadioEdge;
+class ShownStation;
 
 // The tuner's main screen, and the face its window and the form's signals
 // see. The work is its collaborators':
@@ -46,8 +47,9 @@ class TunerPlayer : public QWidget
 
 public:
     // The radio's reports come through `radioEdge` (the main window's); without
-    // one the screen sets up its own around its proxy.
-    explicit TunerPlayer(QWidget *parent = nullptr, RadioEdge *radioEdge = nullptr);
+    // one the screen sets up its own around its proxy. The display line writes
+    // the station it shows to `shown`, or to one of its own.
+    explicit TunerPlayer(QWidget *parent = nullptr, RadioEdge *radioEdge = nullptr, ShownStation *shown = nullptr);
     ~TunerPlayer() override;
 
     // Frequency model.
@@ -99,6 +101,7 @@ public:
     WorkStatus workStatus() const { return m_control.workStatus(); }
     // What the popup shows, for the tests.
     int interruptState() const { return m_banner.state(); }
+    const ShownStation &shownStation() const { return *m_shown; }
     c35_011_interrupt_on_tuner *interruptPopup() const { return m_banner.popup(); }
 
 signals:
@@ -158,6 +161,7 @@ private:
     void unlightPlayingPreset();
 
     Ui::c20_003_tuner *ui;
+    ShownStation *m_shown;
     RadioControl m_control;
     InterruptBookkeeping m_interrupts;
     FrequencyDial m_dial;

@@ -17,12 +17,12 @@ namespace {
 constexpr int kReturnMs = 5000;
 } // namespace
 
-MainWidget::MainWidget(QWidget *parent, RadioEdge *radioEdge)
+MainWidget::MainWidget(QWidget *parent, RadioEdge *radioEdge, ShownStation *shown)
     : QWidget(parent)
 {
     setObjectName(QStringLiteral("MainWidget"));
     resize(800, 480);
-    m_player = new TunerPlayer(this, radioEdge);
+    m_player = new TunerPlayer(this, radioEdge, shown);
     hideAllPage();
     if (Preferences::getInstance()->PTYSeachState() != kPtySearching) {
         m_player->show();

@@ -12,6 +12,7 @@ class OptionWidget;
 class PTYSearchWidget;
 class PTYWidget;
 class RadioEdge;
+class ShownStation;
 class TunerPlayer;
 
 // The stack of screens the main window hands to the host: the tuner player,
@@ -20,8 +21,9 @@ class MainWidget : public QWidget
 {
     Q_OBJECT
 public:
-    // `radioEdge` is the main window's; without one the player listens on its own.
-    explicit MainWidget(QWidget *parent = nullptr, RadioEdge *radioEdge = nullptr);
+    // `radioEdge` is the main window's; without one the player listens on its
+    // own. The player's display line writes the station it shows to `shown`.
+    explicit MainWidget(QWidget *parent = nullptr, RadioEdge *radioEdge = nullptr, ShownStation *shown = nullptr);
     ~MainWidget() override;
 
     // Calls from the main window; each is skipped when its screen is missing.

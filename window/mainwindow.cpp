@@ -15,6 +15,7 @@
 #include "radioedge.h"
 #include "radiostateread.h"
 #include "rdsswitches.h"
+#include "shownstation.h"
 #include "tunerkeys.h"
 #include "tuneroptions.h"
 
@@ -48,7 +49,8 @@ MainWindow::MainWindow(QObject *parent)
     , m_stateRead(new RadioStateRead(m_radio, this))
     , m_interrupts(m_radio)
     , m_keys(new HardwareKeys(m_radio, m_mcu, m_interrupts, [this] { return m_mainWidget; }, this))
-    , m_nowPlaying(new NowPlaying([this](bool next) { pressPresetKey(next); }, this))
+    , m_shown(new ShownStation(this))
+    , m_nowPlaying(new NowPlaying(*m_shown, [this](bool next) { pressPresetKey(next); }, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
@@ -114,7 +116,7 @@ void MainWindow::onCreate()
         m_mainWidget->resume();
         return;
     }
-    m_mainWidget = new MainWidget(nullptr, m_radioEdge);
+    m_mainWidget = new MainWidget(nullptr, m_radioEdge, m_shown);
     setMainWidget(m_mainWidget);
     connect(m_mainWidget, SIGNAL(alarmCancel()), this, SLOT(onTaskEvtAlarmCancel()));
     connect(m_mainWidget, SIGNAL(cancelTaAlarm()), this, SLOT(onCancelTaAlarm()));

@@ -14,6 +14,7 @@ namespace tuner {
 class HardwareKeys;
 class MainWidget;
 class NowPlaying;
+class ShownStation;
 class RadioEdge;
 class RadioStateRead;
 
@@ -94,6 +95,7 @@ private:
     RadioStateRead *m_stateRead;
     InterruptBookkeeping m_interrupts;
     HardwareKeys *m_keys; // with the keys' repeat timer and repeat key
+    ShownStation *m_shown; // what the screen's display line shows, for the media player
     NowPlaying *m_nowPlaying;
     bool m_active = false;
 };

@@ -5,6 +5,7 @@
 #include "audiomanager.h"
 #include "fakeservices.h"
 #include "hostevents.h"
+#include "translator.h"
 
 #include <QtTest>
 
@@ -168,6 +169,46 @@ private slots:
         QTRY_COMPARE(m_fakes->mcu()->callNames(), QStringList{"triggerBeep"});
         WindowInterface *window = m_plugin->requestWindowInterface(QStringLiteral("tuner.win"));
         QCOMPARE(window->keyEvent(&release), false); // window keys are not the tuner's
+    }
+
+    // The host drives the window only through its wrapper: each call reaches
+    // the main window's call of the same name, seen by what that one does.
+    void windowCallsReachTheMainWindow()
+    {
+        WindowInterface *window = m_plugin->requestWindowInterface(QStringLiteral("tuner.win"));
+        QSignalSpy focus(AudioManager::instance(), &AudioManager::focusRequested);
+        const auto observed = [&] {
+            m_fakes->settle();
+            QWidget *widget = window->mainWidget();
+            const QString seen = QStringLiteral("%1 focus=%2 mcu=%3 source=%4")
+                                     .arg(widget ? (widget->isVisible() ? "shown" : "hidden") : "none")
+                                     .arg(focus.count())
+                                     .arg(m_fakes->mcu()->callNames().join(QLatin1Char(',')),
+                                          m_fakes->source()->callNames().join(QLatin1Char(',')));
+            m_fakes->clearCalls();
+            focus.clear();
+            return seen;
+        };
+        m_fakes->clearCalls();
+        window->onCreate(); // the screen is built and reads the radio's state
+        QTRY_VERIFY(m_fakes->radio()->callNames().contains(QStringLiteral("freqBandId")));
+        QCOMPARE(observed(), QStringLiteral("hidden focus=0 mcu= source="));
+        window->onShow();
+        QCOMPARE(observed(), QStringLiteral("shown focus=1 mcu=updateAudioChannel source="));
+        window->onEnter();
+        window->onExit();
+        window->backEvent();
+        QCOMPARE(observed(), QStringLiteral("shown focus=0 mcu= source="));
+        window->onHide();
+        QCOMPARE(observed(), QStringLiteral("hidden focus=0 mcu= source="));
+        window->onCreate(); // the stack is kept, and resumes
+        window->onShow();
+        QCOMPARE(observed(), QStringLiteral("shown focus=1 mcu=updateAudioChannel source="));
+        window->setTranslation(QStringLiteral("de"));
+        QCOMPARE(Translator::language(), QStringLiteral("de"));
+        window->setTranslation(QStringLiteral("en"));
+        window->onDestroy();
+        QCOMPARE(observed(), QStringLiteral("hidden focus=0 mcu= source=currentWindow,currentWindow,currentWindow"));
     }
 
 private:

@@ -305,6 +305,12 @@ private slots:
             << "start tp3 tp5 tp6" << "ch on on off on" << "" << "" << "interrupt=2 ta";
         QTest::newRow("announcement during an alarm waits for its end")
             << "start tp5 tp3 tp6" << "ch on off on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("announcement ends during an alarm: it does not come back")
+            << "start tp3 tp5 tp4 tp6" << "ch on on off" << "" << "" << "";
+        QTest::newRow("alarm ends during an announcement that came after it")
+            << "start tp5 tp3 tp6 tp4" << "ch on off on off" << "" << "" << "";
+        QTest::newRow("a seek ends the announcement's status: its end switches nothing")
+            << "start tp3 seek tp4" << "ch on" << "" << "" << "";
         QTest::newRow("alarm while inactive, shown at start") << "tp5 start" << "ch on" << "" << "" << "interrupt=1 alarm";
         QTest::newRow("cancel key during an announcement")
             << "start tp3 key66" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";

@@ -294,15 +294,38 @@ private slots:
         QTRY_COMPARE(dots->text(), QStringLiteral("."));
     }
 
-    void searchEndIsShownAfterTheSettleDelay()
+    // Each of the screen's own timers, from both sides: not before its
+    // period, and by it. The state it ends is the row's.
+    void timersRunTheirPeriod_data()
     {
+        QTest::addColumn<QString>("timer");
+        QTest::addColumn<int>("periodMs");
+        QTest::newRow("a seek's end is shown after the settle delay") << "settle" << 350;
+        QTest::newRow("an unconfirmed band switch frees the key") << "band" << 3000;
+        QTest::newRow("an unconfirmed manual step frees the key") << "manual" << 3000;
+    }
+
+    void timersRunTheirPeriod()
+    {
+        QFETCH(QString, timer);
+        QFETCH(int, periodMs);
         makePlayer();
-        m_player->onSeekState(2);
-        QCOMPARE(page(), QStringLiteral("page_tuner_04"));
-        m_player->onSeekState(0);
-        QCOMPARE(m_player->workStatus(), WorkStatus::Idle);
-        QCOMPARE(page(), QStringLiteral("page_tuner_04")); // not yet: the station report may still come
-        QTRY_COMPARE(page(), QStringLiteral("page_tuner_01"));
+        if (timer == QLatin1String("settle")) {
+            m_player->onSeekState(2);
+            QCOMPARE(page(), QStringLiteral("page_tuner_04"));
+            m_player->onSeekState(0);
+            QCOMPARE(m_player->workStatus(), WorkStatus::Idle);
+            // the station report may still come: the status page stays meanwhile
+            TUNER_VERIFY_AFTER_PERIOD(periodMs, page() == QLatin1String("page_tuner_01"));
+            return;
+        }
+        QWidget *key = button(timer == QLatin1String("band") ? "Key_0020_switch_band" : "Key_0028_manual_plus");
+        if (timer == QLatin1String("band"))
+            tapAt(key);
+        else
+            m_player->onManualPlusClicked();
+        QVERIFY(key->testAttribute(Qt::WA_TransparentForMouseEvents));
+        TUNER_VERIFY_AFTER_PERIOD(periodMs, !key->testAttribute(Qt::WA_TransparentForMouseEvents));
     }
 
     void frequencyReportsAreChecked_data()

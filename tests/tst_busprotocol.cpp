@@ -172,23 +172,6 @@ private slots:
         QCOMPARE(m_fakes->radio()->callNames(), QStringList{"fmMaxFreq"});
     }
 
-    // A service that goes away and comes back is reached again by the same proxy.
-    void serviceRestartIsFollowed()
-    {
-        m_fakes->radio()->setAnswer(QStringLiteral("bandId"), 2);
-        QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 2);
-        m_fakes->stop();
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("call failed")));
-        QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 0);
-        QVERIFY(m_fakes->start());
-        QCOMPARE(tuner::bus::replyValue(m_proxies->radio->bandId(), "test"), 2);
-
-        QSignalSpy spy(m_proxies->radio.get(), SIGNAL(stationChanged(int,int)));
-        tuner::bus::replyValue(m_proxies->radio->band(), "barrier");
-        m_fakes->inServiceThread([&] { emit m_fakes->radio()->stationChanged(9000, 0); });
-        QVERIFY(spy.wait(2000));
-    }
-
 private:
     std::unique_ptr<FakeServices> m_fakes;
     std::unique_ptr<Proxies> m_proxies;

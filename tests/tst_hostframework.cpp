@@ -1,40 +1,20 @@
 // The head-unit framework stand-in, where the tuner relies on its timing or
-// its data: long-press buttons, paged and list scrolling, the theme's images,
-// the text catalogue, vehicle settings and the window base class. What the
+// its data: long-press buttons, list scrolling, the theme's images and the
+// text catalogue. What the
 // stand-in merely passes through is not tested again.
 
-#include "basewindow.h"
-#include "hostevents.h"
-#include "hostrecorder.h"
 #include "listviewscroller.h"
 #include "pushbutton.h"
-#include "scrollmanage.h"
-#include "settingsutil.h"
-#include "teststate.h"
 #include "translator.h"
 
 #include <QListView>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QScopeGuard>
 #include <QtTest>
 
-Q_DECLARE_METATYPE(QScroller::State)
-
 namespace {
-
-class Window : public cm::BaseWindow
-{
-    Q_OBJECT
-public:
-    using cm::BaseWindow::deleteDelay;
-    using cm::BaseWindow::postEvent;
-    using cm::BaseWindow::setMainWidget;
-    void reTranslateUI() override { ++retranslations; }
-    int retranslations = 0;
-};
 
 // The first group of each match of `pattern` in the project's own sources
 // (neither the build trees nor the tests).
@@ -55,22 +35,6 @@ QSet<QString> sourceMatches(const QString &pattern, const QStringList &nameFilte
     return found;
 }
 
-struct PagedArea
-{
-    PagedArea()
-    {
-        area.resize(800, 200);
-        area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        area.setFrameShape(QFrame::NoFrame);
-        auto *content = new QWidget;
-        content->resize(2400, 200);
-        area.setWidget(content);
-        area.show();
-    }
-    QScrollArea area;
-};
-
 } // namespace
 
 class tst_HostFramework : public QObject
@@ -78,11 +42,6 @@ class tst_HostFramework : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        qRegisterMetaType<QScroller::State>();
-    }
-
     void pushButtonTiming_data()
     {
         QTest::addColumn<bool>("holdLong");
@@ -128,57 +87,6 @@ private slots:
         if (!holdLong)
             QCOMPARE(longSpy.count(), 0); // the timer must not fire after a short release
         QCOMPARE((QList<int>{shortSpy.count(), longSpy.count(), releasedSpy.count()}), counts);
-    }
-
-    void scrollManagePages()
-    {
-        PagedArea paged;
-        cm::ScrollManage pages(&paged.area);
-        QSignalSpy pageSpy(&pages, &cm::ScrollManage::pageChanged);
-        QSignalSpy stateSpy(&pages, &cm::ScrollManage::stateChanged);
-        QCOMPARE(pages.pageCount(), 3);
-        QCOMPARE(pages.currentPage(), 0);
-
-        pages.scrollToPage(2, false);
-        QCOMPARE(paged.area.horizontalScrollBar()->value(), 1600);
-        pages.scrollToPage(2, false); // the page shown is reported again
-        pages.scrollToPage(9, false); // clamped to the last page
-        pages.scrollToPage(-4, false); // and to the first
-        pages.scrollToPage(1, true); // animated: reported at once ...
-        QList<int> reported;
-        for (const QList<QVariant> &args : qAsConst(pageSpy))
-            reported << args.at(0).toInt();
-        QCOMPARE(reported, (QList<int>{2, 2, 2, 0, 1}));
-        QTRY_COMPARE(stateSpy.count(), 2); // ... then the animation runs to its end
-        QCOMPARE(stateSpy.first().at(0).value<QScroller::State>(), QScroller::Scrolling);
-        QCOMPARE(stateSpy.last().at(0).value<QScroller::State>(), QScroller::Inactive);
-        QCOMPARE(paged.area.horizontalScrollBar()->value(), 800);
-        QCOMPARE(pageSpy.count(), 5); // settling where asked is no new page
-    }
-
-    void scrollManageDragSnapsToAPage()
-    {
-        PagedArea paged;
-        cm::ScrollManage pages(&paged.area);
-        QSignalSpy pageSpy(&pages, &cm::ScrollManage::pageChanged);
-        QSignalSpy stateSpy(&pages, &cm::ScrollManage::stateChanged);
-
-        // A slow swipe to the left by a bit more than half a page.
-        QScroller *scroller = pages.scroller();
-        qint64 t = 0;
-        scroller->handleInput(QScroller::InputPress, QPointF(700, 100), t);
-        for (int x = 680; x >= 240; x -= 20)
-            scroller->handleInput(QScroller::InputMove, QPointF(x, 100), t += 40);
-        QTest::qWait(150); // let the finger rest so that the release carries no fling
-        scroller->handleInput(QScroller::InputRelease, QPointF(240, 100), t += 400);
-
-        QVERIFY(pageSpy.wait(3000));
-        QCOMPARE(pageSpy.last().at(0).toInt(), 1);
-        QCOMPARE(paged.area.horizontalScrollBar()->value(), 800);
-        bool dragged = false;
-        for (const QList<QVariant> &args : stateSpy)
-            dragged |= args.at(0).value<QScroller::State>() == QScroller::Dragging;
-        QVERIFY(dragged);
     }
 
     void listviewScrollerTapSelectsAndReports()
@@ -272,66 +180,6 @@ private slots:
         QCOMPARE(Translator::language(), QStringLiteral("en"));
         QCOMPARE(Translator::translate(189), QStringLiteral("Cancel"));
     }
-
-    void vehicleSettings_data()
-    {
-        QTest::addColumn<QString>("ini");
-        QTest::addColumn<QList<int>>("values"); // destination, RDS, AF/TA/TP, regional, display line
-
-        QTest::newRow("no file") << QString() << QList<int>{0, 1, 1, 1, 1};
-        QTest::newRow("all keys") << "[Vehicle]\nDestination=7\nRdsSupport=2\nRdsAfTaTpSupport=0\nRegionalSupport=0\nRadioInfoDispLine=0\n"
-                                  << QList<int>{7, 2, 0, 0, 0};
-        QTest::newRow("some keys") << "[Vehicle]\nDestination=1\n" << QList<int>{1, 1, 1, 1, 1};
-        QTest::newRow("other group") << "[Car]\nDestination=1\n" << QList<int>{0, 1, 1, 1, 1};
-        QTest::newRow("garbage value") << "[Vehicle]\nDestination=abc\nRdsSupport=2\n" << QList<int>{0, 2, 1, 1, 1};
-    }
-
-    void vehicleSettings()
-    {
-        QFETCH(QString, ini);
-        QFETCH(QList<int>, values);
-        TestState state;
-        if (ini.isEmpty()) {
-            qputenv("NILO_VEHICLE_CONF", (state.root() + "/missing.ini").toUtf8());
-            cm::SettingsUtil::instance()->reload();
-        } else {
-            if (ini.contains("abc"))
-                QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Destination abc is not a number"));
-            state.writeVehicleText(ini);
-        }
-        const cm::SettingsUtil *s = cm::SettingsUtil::instance();
-        QCOMPARE((QList<int>{s->getDestination(), s->getRdsSupport(), s->getRdsAfTaTpSupport(), s->getRegionalSupport(),
-                             s->getRadioInfoDispLine()}),
-                 values);
-    }
-
-    void windowPostsToTheHost()
-    {
-        HostRecorder host;
-        Window window;
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no host to receive the event"));
-        window.postEvent(new TouchEvent(Qx::TouchBackToHome));
-        QCoreApplication::processEvents();
-        QVERIFY(host.events.isEmpty());
-
-        cm::BaseWindow::setHost(&host);
-        window.postEvent(new TouchEvent(Qx::TouchBackToHome));
-        window.postEvent(new TaskEvent(Qx::TaskAlarmCancel));
-        window.deleteDelay();
-        QTRY_COMPARE(host.events, (QStringList{"1007:1", "1008:5", "deleteDelay"}));
-        cm::BaseWindow::setHost(nullptr);
-
-        QWidget widget;
-        window.setMainWidget(&widget);
-        window.onHide();
-        QVERIFY(widget.isHidden());
-        window.setTranslation(QStringLiteral("en"));
-        QCOMPARE(window.retranslations, 1);
-        QEvent change(QEvent::LanguageChange);
-        QCoreApplication::sendEvent(&widget, &change);
-        QCOMPARE(window.retranslations, 2);
-    }
-
 };
 
 QTEST_MAIN(tst_HostFramework)

@@ -195,6 +195,7 @@ private slots:
         OptionWidget options;
         options.onCurPTYItem(code);
         QCOMPARE(prefs()->selectPTY(), name);
+        QCOMPARE(options.model()->index(5, 0).data(RoleCurrentValue).toString(), name); // the PTY row shows it
     }
 
     void ptyRows_data()

@@ -15,45 +15,35 @@ class tst_Region : public QObject
     Q_OBJECT
 
 private slots:
-    void findById_data()
+    // By id, or by name (a negative id) in either case or exactly.
+    void lookup_data()
     {
-        QTest::addColumn<uint>("id");
-        QTest::addColumn<int>("row");
-        QTest::newRow("EUR") << 0u << 0;
-        QTest::newRow("E17") << 18u << 2;
-        QTest::newRow("JPN") << 7u << 8;
-        QTest::newRow("2 is no region") << 2u << -1;
-        QTest::newRow("huge id") << 0xffffffffu << -1;
-    }
-
-    void findById()
-    {
-        QFETCH(uint, id);
-        QFETCH(int, row);
-        const tagTunerRegion_T *region = findRegionById(id);
-        QCOMPARE(region, row < 0 ? nullptr : &tunerRegionTable[row]);
-    }
-
-    void findByName_data()
-    {
+        QTest::addColumn<int>("id");
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("caseSensitive");
         QTest::addColumn<int>("row");
-        QTest::newRow("jpn, case-insensitive") << "jpn" << false << 8;
-        QTest::newRow("jpn, case-sensitive") << "jpn" << true << -1;
-        QTest::newRow("JPN, case-sensitive") << "JPN" << true << 8;
-        QTest::newRow("E is not EUR") << "E" << true << 3;
-        QTest::newRow("EU matches nothing") << "EU" << false << -1;
-        QTest::newRow("empty") << "" << false << -1;
+        QTest::newRow("EUR") << 0 << "" << false << 0;
+        QTest::newRow("E17") << 18 << "" << false << 2;
+        QTest::newRow("JPN") << 7 << "" << false << 8;
+        QTest::newRow("2 is no region") << 2 << "" << false << -1;
+        QTest::newRow("jpn, case-insensitive") << -1 << "jpn" << false << 8;
+        QTest::newRow("jpn, case-sensitive") << -1 << "jpn" << true << -1;
+        QTest::newRow("JPN, case-sensitive") << -1 << "JPN" << true << 8;
+        QTest::newRow("E is not EUR") << -1 << "E" << true << 3;
+        QTest::newRow("EU matches nothing") << -1 << "EU" << false << -1;
+        QTest::newRow("empty") << -1 << "" << false << -1;
     }
 
-    void findByName()
+    void lookup()
     {
+        QFETCH(int, id);
         QFETCH(QString, name);
         QFETCH(bool, caseSensitive);
         QFETCH(int, row);
-        const tagTunerRegion_T *region = findRegionByName(name, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
+        const tagTunerRegion_T *region = id >= 0 ? findRegionById(uint(id))
+                                                 : findRegionByName(name, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
         QCOMPARE(region, row < 0 ? nullptr : &tunerRegionTable[row]);
+        QCOMPARE(findRegionById(0xffffffffu), nullptr);
     }
 
     void tunerStepRewritesTheServiceConfiguration_data()

@@ -6,6 +6,7 @@
 #include "optionwidget.h"
 #include "ptysearchwidget.h"
 #include "ptywidget.h"
+#include "timing.h"
 #include "tunerfixture.h"
 #include "warningcounter.h"
 #include "tunerplayer.h"
@@ -113,27 +114,32 @@ private slots:
         }
     }
 
-    void finishedSearchReturnsToThePlayer()
+    // Five seconds after a search ends the player is back (not found), or
+    // the option list (found, from the PTY list): not before, and by then.
+    void searchEndReturnsAfterFiveSeconds_data()
     {
-        m_stack->PTYsearchStatus(3);
-        m_stack->PTYsearchStatus(4);
-        QVERIFY(m_stack->searchDoneTimerActive());
-        QTRY_COMPARE_WITH_TIMEOUT(g_TunerCurDSPL, 1, 7000);
-        QVERIFY(m_stack->player()->isVisible());
-        QVERIFY(!m_stack->searchPopup());
+        QTest::addColumn<int>("result");
+        QTest::addColumn<int>("shownFirst");
+        QTest::addColumn<int>("shownAfter");
+        QTest::newRow("not found: the player") << 4 << 5 << 1;
+        QTest::newRow("found: the PTY list, then the options") << 6 << 3 << 2;
     }
 
-    void ptyListReturnsToTheOptionsAfterASearch()
+    void searchEndReturnsAfterFiveSeconds()
     {
+        QFETCH(int, result);
+        QFETCH(int, shownFirst);
+        QFETCH(int, shownAfter);
         m_stack->PTYsearchStatus(3);
-        m_stack->PTYsearchStatus(6); // found: the list, and five seconds later the options
-        QCOMPARE(g_TunerCurDSPL, 3);
-        QVERIFY(m_stack->optionReturnTimerActive());
-        QTRY_COMPARE_WITH_TIMEOUT(g_TunerCurDSPL, 2, 7000);
-        QVERIFY(m_stack->optionList());
-        // The search is over: the list no longer sends the driver back by itself.
-        m_stack->onShowPTYWdiget();
-        QVERIFY(!m_stack->optionReturnTimerActive());
+        m_stack->PTYsearchStatus(result);
+        QCOMPARE(g_TunerCurDSPL, shownFirst);
+        TUNER_VERIFY_AFTER_PERIOD(5000, g_TunerCurDSPL == shownAfter);
+        QCOMPARE(m_stack->searchPopup(), nullptr);
+        QVERIFY(shownAfter == 1 ? m_stack->player()->isVisible() : m_stack->optionList() != nullptr);
+        if (result == 6) { // the search is over: the list no longer sends the driver back by itself
+            m_stack->onShowPTYWdiget();
+            QVERIFY(!m_stack->optionReturnTimerActive());
+        }
     }
 
     void touchingTheListRestartsTheWait()

@@ -8,10 +8,16 @@
 
 namespace tuner {
 
-DisplayLine::DisplayLine(Ui::c20_003_tuner *form, ShownStation &shown)
+DisplayLine::DisplayLine(Ui::c20_003_tuner *form, ShownStation *shown)
     : ui(form)
     , m_shown(shown)
 {
+}
+
+void DisplayLine::tell(void (ShownStation::*set)(const QString &), const QString &value)
+{
+    if (m_shown)
+        (m_shown->*set)(value);
 }
 
 int DisplayLine::mode() const
@@ -76,7 +82,7 @@ void DisplayLine::showFrequency(const QString &text)
 void DisplayLine::setFrequencyText(const QString &text)
 {
     mirror(ui->Txt_0035_rds_freq, ui->Txt_0019_rds_freq, text);
-    m_shown.setFrequency(text);
+    tell(&ShownStation::setFrequency, text);
 }
 
 void DisplayLine::showRecalledFrequency(const QString &text)
@@ -92,7 +98,7 @@ void DisplayLine::showUnit(bool fm)
 {
     const QString unit = Translator::translate(fm ? 40 : 50);
     mirror(ui->Txt_0036_rds_unit, ui->Txt_0020_rds_unit, unit);
-    m_shown.setUnit(unit);
+    tell(&ShownStation::setUnit, unit);
 }
 
 void DisplayLine::showName(const QString &name, bool fm)
@@ -116,14 +122,14 @@ void DisplayLine::showName(const QString &name, bool fm)
         else
             label->onStop();
     }
-    m_shown.setName(fm ? name : QString());
+    tell(&ShownStation::setName, fm ? name : QString());
 }
 
 void DisplayLine::hideName()
 {
     if (QLabel *label = name())
         label->hide();
-    m_shown.setName(QString());
+    tell(&ShownStation::setName, QString());
 }
 
 void DisplayLine::showInterruptPage()
@@ -141,7 +147,7 @@ void DisplayLine::showAmFrequencyPage()
     ui->Txt_0020_rds_unit->show();
     ui->Txt_0018_rds_name->hide();
     if (mode() == 0)
-        m_shown.setName(QString());
+        tell(&ShownStation::setName, QString());
 }
 
 } // namespace tuner

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointer>
+
 class QLabel;
 class QString;
 
@@ -14,11 +16,12 @@ class ShownStation;
 // The display line chosen in the vehicle settings: mode 1 shows frequency and
 // station name together (page_tuner_01), mode 0 one or the other
 // (page_tuner_02). For any other mode there is no such widget (null). What it
-// shows of the station it also writes to `shown`, for the media player.
+// shows of the station it also writes to `shown`, for the media player; a
+// host that keeps the screen after the window is gone leaves it unwritten.
 class DisplayLine
 {
 public:
-    DisplayLine(Ui::c20_003_tuner *form, ShownStation &shown);
+    DisplayLine(Ui::c20_003_tuner *form, ShownStation *shown);
 
     int mode() const;
     QLabel *freq() const;
@@ -50,7 +53,9 @@ private:
     void mirror(QLabel *mode1Label, QLabel *page2Label, const QString &text);
 
     Ui::c20_003_tuner *ui;
-    ShownStation &m_shown;
+    void tell(void (ShownStation::*set)(const QString &), const QString &value);
+
+    QPointer<ShownStation> m_shown;
 };
 
 } // namespace tuner

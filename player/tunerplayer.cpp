@@ -45,7 +45,7 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge, ShownStation *sh
     , m_shown(shown ? shown : new ShownStation(this))
     , m_control(bus::createRadioProxy(this), bus::createMcuProxy(this))
     , m_interrupts(m_control.radio())
-    , m_line(ui, *m_shown)
+    , m_line(ui, m_shown)
     , m_pages(ui, this)
     , m_rds(ui, m_line, m_pages, m_dial, m_control)
     , m_banner(this, m_line, m_interrupts)

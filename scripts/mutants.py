@@ -15,7 +15,7 @@ import hashlib
 import os
 import random
 import re
-import shutil
+import signal
 import subprocess
 import sys
 import time
@@ -294,6 +294,8 @@ def main():
     if run(ctest, log) != 0:
         sys.exit(f"run-mutants: the suite fails without a mutant; see {log}")
 
+    # Stopped midway, the file under mutation is still put back (the finally below).
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     equivalents = read_equivalents()
     score = collections.OrderedDict()
     survivors = []

@@ -192,7 +192,8 @@ QVariantMap NowPlaying::currentMetadata() const
     const QString bandName = QLatin1String(Preferences::isValidBand(band) ? kBandNames[band] : "FM1");
     return {
         {QStringLiteral("mpris:trackid"),
-         QVariant::fromValue(QDBusObjectPath(QStringLiteral("/org/nilo/tuner/station/%1/%2").arg(bandName).arg(qMax(freq, 0))))},
+         QVariant::fromValue(
+             QDBusObjectPath(QStringLiteral("/org/nilo/tuner/station/%1/%2").arg(bandName).arg(qMax(freq, 0))))},
         {QStringLiteral("xesam:title"), m_shown.title()},
         {QStringLiteral("xesam:album"), bandName},
         {QStringLiteral("nilo:frequency"), freq},

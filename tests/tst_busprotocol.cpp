@@ -129,7 +129,8 @@ private slots:
         for (const char *failure : {"healthy", "absent", "hung", "malformed"}) {
             for (int i = 0; i < getters.size(); ++i) {
                 QTest::addRow("%s service, %s getter", failure, getters[i].first)
-                    << getters[i].second << QString::fromLatin1(failure) << (qstrcmp(failure, "healthy") ? defaults[i] : answers[i]);
+                    << getters[i].second << QString::fromLatin1(failure)
+                    << (qstrcmp(failure, "healthy") ? defaults[i] : answers[i]);
             }
         }
     }
@@ -151,7 +152,8 @@ private slots:
         }
 
         if (failure != QLatin1String("healthy"))
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- test .* call failed")));
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- test .* call failed")));
         QCOMPARE(getter(*m_proxies), expected);
     }
 

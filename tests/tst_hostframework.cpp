@@ -9,9 +9,9 @@
 
 #include <QListView>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QStandardItemModel>
-#include <QScopeGuard>
 #include <QtTest>
 
 namespace {

@@ -40,8 +40,9 @@ private slots:
         QFETCH(QString, name);
         QFETCH(bool, caseSensitive);
         QFETCH(int, row);
-        const tagTunerRegion_T *region = id >= 0 ? findRegionById(uint(id))
-                                                 : findRegionByName(name, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
+        const tagTunerRegion_T *region
+            = id >= 0 ? findRegionById(uint(id))
+                      : findRegionByName(name, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
         QCOMPARE(region, row < 0 ? nullptr : &tunerRegionTable[row]);
         QCOMPARE(findRegionById(0xffffffffu), nullptr);
     }

@@ -8,9 +8,9 @@
 #include "ptywidget.h"
 #include "timing.h"
 #include "tunerfixture.h"
-#include "warningcounter.h"
-#include "tunerplayer.h"
 #include "tuneroptions.h"
+#include "tunerplayer.h"
+#include "warningcounter.h"
 
 #include <QLabel>
 #include <QtTest>

@@ -55,9 +55,9 @@ private slots:
         QTest::newRow("next long seeks up") << 117 << Long << 0 << "shown" << "-" << "taken seekForward() | beep1";
         QTest::newRow("next long release not consumed") << 7 << LongUp << 0 << "shown" << "passed" << "passed";
         QTest::newRow("next refused during automatic store") << 7 << Short << 1 << "shown" << "passed" << "passed";
-        QTest::newRow("next long while seeking only stops") << 161 << Long << 2 << "shown" << "-" << "taken terminate() | beep1";
-        QTest::newRow("next short during a seek only stops") << 7 << Short << 3 << "shown" << "-" << "taken terminate() tune(8750)";
-        QTest::newRow("next short during a PTY search only stops") << 7 << Short << 4 << "shown" << "-" << "taken terminate()";
+        QTest::newRow("next long while seeking only stops") << 161 << Long << 2 << "shown" << "taken terminate() tune(8750) | beep1" << "taken terminate() | beep1";
+        QTest::newRow("next short during a seek only stops") << 7 << Short << 3 << "shown" << "taken terminate() tune(8750)" << "taken terminate() tune(8750)";
+        QTest::newRow("next short during a PTY search only stops") << 7 << Short << 4 << "shown" << "taken terminate()" << "taken terminate()";
         QTest::newRow("option list on display is served") << 7 << Short << 0 << "options" << "taken " + first << "-";
         QTest::newRow("PTY list on display") << 7 << Short << 0 << "ptylist" << "passed" << "-";
         QTest::newRow("live announcement blocks tuner keys") << 7 << Short << 0 << "popup" << "passed" << "-";
@@ -101,7 +101,10 @@ private slots:
         QTest::newRow("tune up long starts the manual step") << 47 << Long << 0 << "shown" << "-" << "taken keyLongPress(1) | beep1";
         QTest::newRow("tune up long release tunes") << 47 << LongUp << 0 << "shown" << "taken tune(8750) keyLongPress(0)" << "taken tune(8750)";
         QTest::newRow("tune refused during automatic store") << 47 << Short << 1 << "shown" << "-" << "passed";
-        QTest::newRow("tune up short during a PTY search only stops") << 47 << Short << 5 << "shown" << "-" << "taken terminate() tune(8750)";
+        QTest::newRow("tune up short during a PTY search only stops") << 47 << Short << 5 << "shown" << "taken terminate()" << "taken terminate() tune(8750)";
+        QTest::newRow("46 long during a seek stops it first") << 46 << Long << 3 << "shown" << "taken terminate() keyLongPress(1) | beep1" << "-";
+        QTest::newRow("44 down during a seek stops it") << 44 << Down << 2 << "shown" << "taken terminate() tune(8750) | beep" << "-";
+        QTest::newRow("stop during a PTY search not served") << 125 << Short << 4 << "shown" << "passed" << "-";
         QTest::newRow("stop with nothing running") << 125 << Short << 0 << "shown" << "passed" << "passed";
         QTest::newRow("stop short during automatic store") << 125 << Short << 1 << "shown" << "taken terminate()" << "taken terminate()";
         QTest::newRow("stop down during a seek") << 125 << Down << 2 << "shown" << "taken | beep" << "taken | beep";

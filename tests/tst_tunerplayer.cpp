@@ -264,27 +264,52 @@ private slots:
         QCOMPARE(radioCalls(), QStringList{QStringLiteral("setband(%1)").arg(band)});
     }
 
+    // Every work status on either family, with the vehicle's RDS switch:
+    // the status line and its dots, or the frequency page where the status
+    // shows nothing. A PTY search also unlights the lit preset.
     void statusPageAndDots_data()
     {
         QTest::addColumn<int>("status");
         QTest::addColumn<bool>("local");
-        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("rdsSupport");
+        QTest::addColumn<QString>("text"); // "": the frequency page stays
         QTest::addColumn<int>("period"); // of the dots
-        QTest::newRow("automatic store") << 1 << false << "Auto Store" << 500;
-        QTest::newRow("seek up") << 2 << false << "Seek Up" << 400;
-        QTest::newRow("local seek down") << 3 << true << "Local Seek Down" << 400;
-        QTest::newRow("PTY search") << 4 << false << "PTY Search Up" << 500;
+        QTest::addColumn<bool>("presetLit"); // preset 3, lit before
+        QTest::newRow("automatic store") << 1 << false << 0 << 1 << "Auto Store" << 500 << true;
+        QTest::newRow("seek up") << 2 << false << 0 << 1 << "Seek Up" << 400 << true;
+        QTest::newRow("local seek up on AM") << 2 << true << 3 << 1 << "Local Seek Up" << 400 << true;
+        QTest::newRow("seek down") << 3 << false << 4 << 0 << "Seek Down" << 400 << true;
+        QTest::newRow("local seek down") << 3 << true << 0 << 1 << "Local Seek Down" << 400 << true;
+        QTest::newRow("PTY search up") << 4 << false << 0 << 1 << "PTY Search Up" << 500 << false;
+        QTest::newRow("PTY search down") << 5 << true << 2 << 1 << "PTY Search Down" << 500 << false;
+        QTest::newRow("PTY search on AM shows nothing") << 4 << false << 3 << 1 << "" << 0 << true;
+        QTest::newRow("PTY search without RDS support shows nothing") << 5 << false << 0 << 0 << "" << 0 << true;
+        QTest::newRow("idle") << 0 << false << 0 << 1 << "" << 0 << true;
     }
 
     void statusPageAndDots()
     {
         QFETCH(int, status);
         QFETCH(bool, local);
+        QFETCH(int, band);
+        QFETCH(int, rdsSupport);
         QFETCH(QString, text);
         QFETCH(int, period);
-        makePlayer();
+        QFETCH(bool, presetLit);
+        makePlayer(QStringLiteral("RdsAfTaTpSupport=%1").arg(rdsSupport));
+        prefs()->setBand(Band(band));
+        m_player->updateBandInfo();
         prefs()->setLocal(local);
+        m_player->checkedId(3);
+        QCOMPARE(litPresets(), 1);
         m_player->onWorkStatus(status);
+        QCOMPARE(int(m_player->workStatus()), status);
+        QCOMPARE(litPresets(), presetLit ? 1 : 0);
+        if (text.isEmpty()) {
+            QCOMPARE(page(), QStringLiteral("page_tuner_01"));
+            return;
+        }
         QCOMPARE(page(), QStringLiteral("page_tuner_04"));
         QCOMPARE(label("Txt_0022_status")->text(), text);
         QLabel *dots = label("Txt_0384_status2");
@@ -353,33 +378,65 @@ private slots:
         QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
     }
 
+    // A preset touched while the store runs is only remembered: at the end
+    // it is lit if it holds what plays; untouched, the first stored one is.
+    void automaticStoreStartAndEnd_data()
+    {
+        QTest::addColumn<int>("touched"); // -1: none
+        QTest::addColumn<int>("playing");
+        QTest::addColumn<QString>("lit"); // "": none
+        QTest::newRow("the first stored station plays") << -1 << 8800 << "Key_0032_p3";
+        QTest::newRow("the touched preset plays") << 4 << 10020 << "Key_0034_p5";
+        QTest::newRow("the touched preset does not play") << 4 << 8800 << "";
+    }
+
     void automaticStoreStartAndEnd()
     {
+        QFETCH(int, touched);
+        QFETCH(int, playing);
+        QFETCH(QString, lit);
         makePlayer();
         prefs()->setPresetIndex(2); // as a recall of preset 3 leaves it
         m_player->checkedId(2);
         QVERIFY(button("Key_0032_p3")->isChecked());
         m_player->onAutoScan();
         QCOMPARE(radioCalls(), QStringList{"autoScan()"});
-        QVERIFY(!button("Key_0032_p3")->isChecked()); // the whole family is unlit while it runs
+        QCOMPARE(litPresets(), 0); // the whole family is unlit while it runs
         QCOMPARE(prefs()->bandData(BAND_FM1).currFreqId, kNoPreset);
 
-        // The service stored stations from preset 3 on and plays the first of them.
+        // The service stored stations from preset 3 on.
         m_player->onWorkStatus(1);
+        if (touched >= 0) {
+            forgetCalls();
+            m_player->onButGroupClicked(touched);
+            QCOMPARE(radioCalls(), QStringList{QStringLiteral("setPreset(%1)").arg(touched)});
+            QCOMPARE(mcuInShort(), QStringLiteral("beep"));
+            QCOMPARE(litPresets(), 0);
+        }
         const int found[] = {8800, 9450, 10020};
         prefs()->saveFreq(found, 3);
-        prefs()->setCurrPlayFreq(8800);
+        prefs()->setCurrPlayFreq(playing);
         m_player->onSeekState(0);
         m_player->onAutoScanCompleted(QStringLiteral("8800;9450;10020"));
         QCOMPARE(label("Txt_0025_f3")->text(), QStringLiteral("88.00"));
         QCOMPARE(label("Txt_0027_f5")->text(), QStringLiteral("100.20"));
-        QVERIFY(button("Key_0032_p3")->isChecked());
-        QCOMPARE(prefs()->playFreqId(), 2);
+        QCOMPARE(litPresets(), lit.isEmpty() ? 0 : 1);
+        if (!lit.isEmpty()) {
+            QVERIFY(button(qPrintable(lit))->isChecked());
+            QCOMPARE(prefs()->playFreqId(), lit.right(1).toInt() - 1);
+        }
     }
 
 private:
     QLabel *label(const char *name) const { return m_player->findChild<QLabel *>(QLatin1String(name)); }
     QAbstractButton *button(const char *name) const { return m_player->findChild<QAbstractButton *>(QLatin1String(name)); }
+    int litPresets() const
+    {
+        int lit = 0;
+        for (const QAbstractButton *key : m_player->findChildren<QAbstractButton *>(QRegularExpression("^Key_\\d+_p\\d+$")))
+            lit += key->isChecked();
+        return lit;
+    }
     QString page() const { return m_player->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget()->objectName(); }
 
     void makePlayer(const QString &vehicleKeys = QString())

@@ -9,6 +9,7 @@
 #include "tunerfixture.h"
 
 #include <QDBusArgument>
+#include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 #include <QDBusPendingCall>
 #include <QElapsedTimer>
@@ -263,6 +264,8 @@ private slots:
     {
         QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
         m_window.reset();
+        // The window lets its name go without waiting for the bus: wait here.
+        QTRY_VERIFY(!QDBusConnection::sessionBus().interface()->isServiceRegistered(QLatin1String(NowPlaying::kServiceName)));
         QVERIFY(other.registerService(QLatin1String(NowPlaying::kServiceName)));
         MainWindow second;
         QTRY_COMPARE(second.nowPlaying()->serviceName(),

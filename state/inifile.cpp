@@ -8,10 +8,12 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 #include <vector>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tuner {
@@ -164,6 +166,16 @@ QString IniFile::temporaryPath() const
     return m_path + QLatin1String(".tmp");
 }
 
+IniFile::Stamp IniFile::stamp() const
+{
+    struct stat status;
+    if (::stat(QFile::encodeName(m_path).constData(), &status) != 0)
+        return {};
+    constexpr qint64 kNsPerSecond = 1000 * 1000 * 1000;
+    return {true, qint64(status.st_size), qint64(status.st_mtim.tv_sec) * kNsPerSecond + status.st_mtim.tv_nsec,
+            quint64(status.st_ino)};
+}
+
 void IniFile::load()
 {
     // A rewrite of ours that a power loss interrupted; the file itself is whole.
@@ -171,32 +183,39 @@ void IniFile::load()
         TUNER_WAR() << temporaryPath() << "was left by an interrupted write; removed.";
         QFile::remove(temporaryPath());
     }
+    m_stamp = stamp();
+    QHash<QByteArray, QByteArray> values;
+    if (m_stamp.exists && readParsed(&values)) {
+        m_values = values;
+        m_onDisk = values;
+    }
+}
+
+bool IniFile::readParsed(QHash<QByteArray, QByteArray> *values)
+{
     const QFileInfo info(m_path);
-    if (!info.exists())
-        return;
     if (!info.isFile()) {
         TUNER_WAR() << m_path << "is not a regular file; defaults are used and it is left alone.";
         m_writable = false;
-        return;
+        return false;
     }
     if (info.size() > kMaxFileBytes) {
         TUNER_WAR() << m_path << info.size() << "bytes is too large for a tuner file; defaults are used and it is left alone.";
         m_writable = false;
-        return;
+        return false;
     }
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
         TUNER_WAR() << m_path << "cannot be read:" << file.errorString() << "; defaults are used.";
-        return;
+        return false;
     }
     const ParsedIni parsed = parseIni(file.read(kMaxFileBytes + 1));
     file.close();
     // Only a file of which nothing at all reads as a key is not the tuner's
     // data (binary garbage, UTF-16, prose).
     if (!parsed.values.isEmpty() || parsed.junkLines == 0) {
-        m_values = parsed.values;
-        m_onDisk = m_values;
-        return;
+        *values = parsed.values;
+        return true;
     }
     const QString aside = m_path + QLatin1String(".corrupt");
     QFile::remove(aside);
@@ -204,6 +223,29 @@ void IniFile::load()
         TUNER_WAR() << m_path << "is not a valid INI file; moved aside to" << aside << "and started clean.";
     else
         TUNER_WAR() << m_path << "is not a valid INI file and cannot be moved aside; it will be replaced.";
+    values->clear();
+    return true;
+}
+
+void IniFile::mergeFromDisk(const Stamp &now)
+{
+    QHash<QByteArray, QByteArray> onDisk;
+    if (!now.exists) {
+        // Everything the tuner knows goes back.
+        TUNER_WAR() << m_path << "was removed while the tuner ran; written anew.";
+        m_onDisk.clear();
+        return;
+    }
+    if (!readParsed(&onDisk) && !m_writable)
+        return;
+    QHash<QByteArray, QByteArray> merged = onDisk;
+    for (const QByteArray &key : qAsConst(m_changed)) {
+        const auto it = m_values.constFind(key);
+        if (it != m_values.cend())
+            merged.insert(key, *it);
+    }
+    m_values = merged;
+    m_onDisk = onDisk;
 }
 
 const QByteArray *IniFile::rawValue(const QString &key) const
@@ -216,10 +258,13 @@ void IniFile::setRaw(const QString &key, const QByteArray &value)
 {
     const QByteArray fileKey = key.toLatin1();
     const auto it = m_values.constFind(fileKey);
-    if (it != m_values.cend() && *it == value)
-        return;
-    m_values.insert(fileKey, value);
-    m_dirty = true;
+    if (it != m_values.cend() && *it == value) {
+        m_recheck = true;
+    } else {
+        m_values.insert(fileKey, value);
+        m_changed.insert(fileKey);
+        m_dirty = true;
+    }
     if (m_writable && !m_flushTimer.isActive())
         m_flushTimer.start();
 }
@@ -378,10 +423,19 @@ bool IniFile::writeAtomically(const QByteArray &content)
 bool IniFile::flush()
 {
     m_flushTimer.stop();
-    if (!m_dirty || !m_writable)
+    const bool recheck = std::exchange(m_recheck, false);
+    if (!m_writable || (!m_dirty && !recheck))
         return !m_dirty;
-    if (m_values == m_onDisk) {
+    const Stamp now = stamp();
+    if (now != m_stamp) {
+        mergeFromDisk(now);
+        m_stamp = now;
+        if (!m_writable)
+            return false;
+    }
+    if (now.exists && m_values == m_onDisk) {
         m_dirty = false;
+        m_changed.clear();
         return true;
     }
     if (!writeAtomically(serialise())) {
@@ -392,7 +446,9 @@ bool IniFile::flush()
     }
     m_writeFailed = false;
     m_dirty = false;
+    m_changed.clear();
     m_onDisk = m_values;
+    m_stamp = stamp();
     ++m_rewrites;
     return true;
 }

@@ -4,6 +4,7 @@
 // past the preset tables.
 
 #include "inifile.h"
+#include "tuneroptions.h"
 #include "teststate.h"
 #include "translator.h"
 
@@ -15,6 +16,9 @@ using namespace tuner;
 
 using Action = std::function<void(Preferences *)>;
 Q_DECLARE_METATYPE(Action)
+// Another program's write into the file at `path`.
+using Other = std::function<void(TestState &, const QString &path)>;
+Q_DECLARE_METATYPE(Other)
 
 class tst_Preferences : public QObject
 {
@@ -503,6 +507,60 @@ private slots:
         prefs()->setCurrPlayFreq(8800);
         prefs()->flush();
         QCOMPARE(prefs()->rewrites(), 1);
+    }
+
+    // The files are shared with other programs: what another writer stored
+    // while the tuner ran is still there after ten stores of the tuner's, a
+    // key both wrote holds the later value, and a deleted file comes back
+    // at the next store, even of a value the tuner already held.
+    void anotherWritersKeysSurvive_data()
+    {
+        QTest::addColumn<bool>("radioConf"); // else settings.ini
+        QTest::addColumn<Other>("other");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("value");
+        const auto set = [](const char *key, const char *value) {
+            return Other([=](TestState &, const QString &path) { QSettings(path, QSettings::IniFormat).setValue(key, value); });
+        };
+        const Other remove = [](TestState &, const QString &path) { QVERIFY(QFile::remove(path)); };
+        QTest::newRow("settings.ini: a key added") << false << set("Audio/volume", "7") << "Audio/volume" << "7";
+        QTest::newRow("radio.conf: a key added") << true << set("Media/last", "usb") << "Media/last" << "usb";
+        QTest::newRow("radio.conf: a tuner key the tuner did not store again")
+            << true << set("Freq/FM1/preset_2", "9990") << "Freq/FM1/preset_2" << "9990";
+        QTest::newRow("radio.conf: the tuner's later store wins") << true << set("Freq/FM0/CurrFreq", "9000") << "Freq/FM0/CurrFreq" << "8795";
+        QTest::newRow("radio.conf: the tuner-step switch") << true << Other([](TestState &state, const QString &) {
+            qputenv("NILO_DIR", (state.root() + QLatin1String("/system")).toUtf8());
+            setTunerStep(1);
+        }) << "Tune/TunerStep" << "1";
+        QTest::newRow("radio.conf deleted") << true << remove << "Tune/ta" << "true";
+        QTest::newRow("settings.ini deleted") << false << remove << "Tuner/rdsName" << "N9";
+    }
+
+    void anotherWritersKeysSurvive()
+    {
+        QFETCH(bool, radioConf);
+        QFETCH(Other, other);
+        QFETCH(QString, key);
+        QFETCH(QString, value);
+        TestState state;
+        const QString path = radioConf ? state.radioConf() : state.settingsIni();
+        const auto store = [](int i) {
+            prefs()->setTa(true);
+            prefs()->setCurrPlayFreq(8750 + 5 * i);
+            prefs()->saveRdsName(BAND_FM1, 0, QStringLiteral("N%1").arg(i));
+            prefs()->flush();
+        };
+        store(0);
+        other(state, path);
+        if (!QFile::exists(path))
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("removed while the tuner ran; written anew"));
+        store(0); // values the tuner holds already
+        QCOMPARE(QFile::exists(path), true);
+        for (int i = 1; i < 10; ++i)
+            store(i);
+        QCOMPARE(QSettings(path, QSettings::IniFormat).value(key).toString(), value);
+        QCOMPARE(state.radioConfValue("Freq/FM0/CurrFreq").toInt(), 8795);
+        QCOMPARE(state.settingsValue("Tuner/rdsName").toString(), QStringLiteral("N9"));
     }
 
     void namesAreStoredAsQSettingsReadsThem_data()

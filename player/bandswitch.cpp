@@ -21,6 +21,14 @@ namespace {
 
 constexpr int kKeyLockMs = 3000;
 
+// The AM scroller's page of the last AM band. A hardware preset step stores
+// that band counted from AM1 (0 or 1); the page is then below the first, and
+// the scroller holds it at its first page.
+int amPage()
+{
+    return prefs()->band_AM() - BAND_AM1;
+}
+
 } // namespace
 
 BandSwitch::BandSwitch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, RdsStation &rds,
@@ -58,10 +66,10 @@ void BandSwitch::showStoredBand()
     showFamily(p->isFM());
     if (p->isFM()) {
         enterFmPage(p->band_FM());
-        m_pages.scrollToBand(p->band_FM(), false);
+        m_pages.scrollToPage(true, p->band_FM(), false);
     } else {
         enterAmPage(p->band_AM());
-        m_pages.scrollToBand(p->band_AM(), false);
+        m_pages.scrollToPage(false, amPage(), false);
     }
     m_bandShown = true;
 }
@@ -87,14 +95,14 @@ void BandSwitch::switchFamily()
             m_control.radio()->setAf(p->af());
             m_control.radio()->setTa(p->ta());
         }
-        m_pages.scrollToBand(m_fromRemote ? BAND_FM1 : p->band_FM(), true);
+        m_pages.scrollToPage(true, m_fromRemote ? 0 : p->band_FM(), true);
     } else {
         m_rds.clear();
         if (afTaTpSupported()) {
             m_control.radio()->setAf(false);
             m_control.radio()->setTa(false);
         }
-        m_pages.scrollToBand(m_fromRemote ? BAND_AM1 : p->band_AM(), true);
+        m_pages.scrollToPage(false, m_fromRemote ? 0 : amPage(), true);
     }
     m_line.showUnit(toFm);
 

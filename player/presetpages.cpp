@@ -153,7 +153,12 @@ cm::ScrollManage *PresetPages::scroller(bool fm)
 void PresetPages::scrollToBand(int band, bool animated)
 {
     const bool fm = Preferences::isFmBand(band);
-    scroller(fm)->scrollToPage(fm ? band : band - BAND_AM1, animated);
+    scrollToPage(fm, fm ? band : band - BAND_AM1, animated);
+}
+
+void PresetPages::scrollToPage(bool fm, int page, bool animated)
+{
+    scroller(fm)->scrollToPage(page, animated);
 }
 
 // Every station report passes here: setting the image the indicator already

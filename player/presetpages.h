@@ -39,6 +39,8 @@ public:
     // Shows one family's pages and hides the other's.
     void showFamily(bool fm);
     void scrollToBand(int band, bool animated);
+    // A page of one family's scroller, as the stored last band gives it.
+    void scrollToPage(bool fm, int page, bool animated);
     void showPageImage(int band);
 
 private:

@@ -151,19 +151,37 @@ private slots:
         QCOMPARE(radioCalls(), radio);
     }
 
-    void bandKeyIsLockedUntilTheServiceConfirms()
+    // The band key turns to the other family's last band, and is then
+    // locked until the service confirms. A hardware preset step stores the
+    // last AM band counted from AM1: the AM pages still show, from the first.
+    void bandKeyTurnsFamilyAndWaitsForTheService_data()
     {
+        QTest::addColumn<int>("lastAm");
+        QTest::addColumn<int>("amBand");
+        QTest::newRow("last AM band AM2") << 4 << 4;
+        QTest::newRow("AM1 counted from AM1") << 0 << 3;
+        QTest::newRow("AM2 counted from AM1") << 1 << 3;
+    }
+
+    void bandKeyTurnsFamilyAndWaitsForTheService()
+    {
+        QFETCH(int, lastAm);
+        QFETCH(int, amBand);
         makePlayer();
+        prefs()->setBand_AM(Band(lastAm));
+        prefs()->setBand_FM(BAND_FM3);
         QWidget *key = button("Key_0020_switch_band");
         tapAt(key);
-        QCOMPARE(int(prefs()->band()), 3);
+        QCOMPARE(int(prefs()->band()), amBand);
+        QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), amBand);
         QCOMPARE(label("Txt_0017_band_name")->text(), QStringLiteral("AM"));
         QVERIFY(m_player->findChild<QScrollArea *>("scrollArea_tuner_am")->isVisible());
-        QVERIFY(radioCalls().contains("setband(3)"));
+        QVERIFY(!m_player->findChild<QScrollArea *>("scrollArea_tuner")->isVisible());
+        QCOMPARE(radioCalls().filter("setband"), QStringList{QStringLiteral("setband(%1)").arg(amBand)});
         m_fakes->clearCalls();
 
         tapAt(key); // within three seconds and unconfirmed: the touch does not reach the key
-        QCOMPARE(int(prefs()->band()), 3);
+        QCOMPARE(int(prefs()->band()), amBand);
         QCOMPARE(radioCalls().filter("setband"), QStringList());
 
         m_fakes->inServiceThread([&] { emit m_fakes->radio()->bandFMAMChang(0); });
@@ -173,7 +191,8 @@ private slots:
         m_fakes->inServiceThread([&] { emit m_fakes->radio()->bandFMAMChang(1); });
         QTRY_VERIFY(!key->testAttribute(Qt::WA_TransparentForMouseEvents));
         tapAt(key);
-        QCOMPARE(int(prefs()->band()), 0);
+        QCOMPARE(int(prefs()->band()), 2);
+        QCOMPARE(radioCalls().filter("setband"), QStringList{"setband(2)"});
         QCOMPARE(label("Txt_0036_rds_unit")->text(), QStringLiteral("MHz"));
     }
 

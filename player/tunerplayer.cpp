@@ -94,9 +94,10 @@ void TunerPlayer::synchronise()
     const auto ptyType = batch->add(radio->ptyType(), "ptyType");
     const auto ptyName = batch->add(radio->rdsName(), "rdsName");
     const auto workState = batch->add(radio->workStateType(), "workStateType");
+    // The frequency is the last one the screen took (at construction, before
+    // initband() turned to the family's last band), shown for the service's band.
     const auto show = [=](bool answered) {
         Preferences *p = prefs();
-        m_control.setLastFrequency(p->playFreq());
         const bool bandRead = answered && bandId.ok();
         onFrequencyChanged(m_control.lastFrequency(), bandRead ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
         if (answered && ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))

@@ -399,6 +399,43 @@ private slots:
 
     // A preset touched while the store runs is only remembered: at the end
     // it is lit if it holds what plays; untouched, the first stored one is.
+    // At start-up the screen takes the playing frequency before it turns to
+    // the family's last band, and shows that frequency for the band the
+    // service reports.
+    void startUpShowsTheFrequencyReadBeforeTheBand_data()
+    {
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("lastBand");
+        QTest::addColumn<int>("freq");
+        QTest::addColumn<int>("lastBandFreq");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("FM2, last FM band FM3") << 1 << 2 << 9000 << 10000 << "90.00";
+        QTest::newRow("AM1, last AM band AM2") << 3 << 4 << 999 << 1602 << "999";
+    }
+
+    void startUpShowsTheFrequencyReadBeforeTheBand()
+    {
+        QFETCH(int, band);
+        QFETCH(int, lastBand);
+        QFETCH(int, freq);
+        QFETCH(int, lastBandFreq);
+        QFETCH(QString, text);
+        newState();
+        Preferences *p = prefs();
+        p->setPlayFreq(Band(band), freq);
+        p->setPlayFreq(Band(lastBand), lastBandFreq);
+        p->setBand(Band(band));
+        band < BAND_AM1 ? p->setBand_FM(Band(lastBand)) : p->setBand_AM(Band(lastBand));
+        m_fakes->radio()->setAnswer(QStringLiteral("freqBandId"), lastBand);
+        m_player = std::make_unique<TunerPlayer>();
+        m_fakes->radio()->clearAnswers();
+        QVERIFY(shown(m_player));
+        QCOMPARE(int(p->band()), lastBand);
+        QCOMPARE(m_player->freqValue(), freq);
+        QCOMPARE(label("Txt_0035_rds_freq")->text(), text);
+        QCOMPARE(p->playFreq(), freq);
+    }
+
     void automaticStoreStartAndEnd_data()
     {
         QTest::addColumn<int>("touched"); // -1: none

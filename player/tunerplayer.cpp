@@ -80,12 +80,21 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge, ShownStation *sh
     connect(radioEdge, SIGNAL(work_status(int)), this, SLOT(onSeekState(int)));
     connect(radioEdge, SIGNAL(bandFMAMChang(int)), this, SLOT(onBandChangState(int)));
 
-    synchronise();
+    // The frequency is the one taken above, before initband() turned to the
+    // family's last band.
+    showServiceState();
+}
+
+// A service new on the bus has told its state anew: the frequency with it.
+void TunerPlayer::synchronise()
+{
+    m_control.setLastFrequency(prefs()->playFreq());
+    showServiceState();
 }
 
 // The getters go out together. Until they are all in (the UI thread waits
 // only a moment), the screen shows the tuner's own state for what is missing.
-void TunerPlayer::synchronise()
+void TunerPlayer::showServiceState()
 {
     namespace check = radiocheck;
     NiloRadioServiceInterface *radio = m_control.radio();
@@ -94,8 +103,6 @@ void TunerPlayer::synchronise()
     const auto ptyType = batch->add(radio->ptyType(), "ptyType");
     const auto ptyName = batch->add(radio->rdsName(), "rdsName");
     const auto workState = batch->add(radio->workStateType(), "workStateType");
-    // The frequency is the last one the screen took (at construction, before
-    // initband() turned to the family's last band), shown for the service's band.
     const auto show = [=](bool answered) {
         Preferences *p = prefs();
         const bool bandRead = answered && bandId.ok();
@@ -105,7 +112,7 @@ void TunerPlayer::synchronise()
         onstatusChanged(p->rdsState());
         onRdsName(p->curRdsName());
         const bool workRead = answered && workState.ok();
-        onWorkStatus(workRead ? check::workStatus(workState.value()) : p->workState());
+        onWorkStatus(workRead ? workState.value() : p->workState());
     };
     if (!batch->waitUntil(QDeadlineTimer(bus::ReplyBatch::kBlockingWaitMs)))
         show(false);

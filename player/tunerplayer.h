@@ -95,7 +95,7 @@ public:
     void IrBandChanged() { m_bands.nextBand(); }
 
     // Reads the radio service's station, programme type and work state and
-    // shows them (at construction, and when the service is new on the bus).
+    // shows them, when the service is new on the bus.
     void synchronise();
 
     WorkStatus workStatus() const { return m_control.workStatus(); }
@@ -157,6 +157,8 @@ protected:
 
 private:
     void init_widget();
+    // Shows the service's band, programme type and work state with the last frequency.
+    void showServiceState();
     void seek(bool up);
     void unlightPlayingPreset();
 

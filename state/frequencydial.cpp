@@ -24,7 +24,7 @@ int FrequencyDial::detect(int freq, int min, int max, int step)
         return max;
     if (!snappable(freq, min, max, step))
         return freq;
-    return min + step * ((freq - min) / step);
+    return int(min + step * ((qint64(freq) - min) / step));
 }
 
 int FrequencyDial::normalize(int freq, int low, int high, int step)
@@ -35,19 +35,19 @@ int FrequencyDial::normalize(int freq, int low, int high, int step)
         return -1;
     if (!snappable(freq, low, high, step))
         return freq;
-    return low + ((freq - low) / step) * step;
+    return int(low + ((qint64(freq) - low) / step) * step);
 }
 
 int FrequencyDial::stepUp(int freq, int low, int high, int step)
 {
-    const int next = freq + step;
-    return next > high ? low : next;
+    const qint64 next = qint64(freq) + step; // a range up to INT_MAX must not overflow
+    return next > high ? low : int(next);
 }
 
 int FrequencyDial::stepDown(int freq, int low, int high, int step)
 {
-    const int next = freq - step;
-    return next < low ? high : next;
+    const qint64 next = qint64(freq) - step;
+    return next < low ? high : int(next);
 }
 
 void FrequencyDial::setStep(int step, bool fm)

@@ -35,11 +35,6 @@ QStringList leadingItems(const QString &items, int maxItems, bool *more)
     return result;
 }
 
-bool sane(int low, int high, int step)
-{
-    return low > 0 && high >= low && step > 0;
-}
-
 } // namespace
 
 QString name(const QString &text, const char *what)
@@ -86,28 +81,21 @@ QString list(const QString &items, int maxItems, const char *what)
     return kept.join(QLatin1Char(';'));
 }
 
-QString frequencyList(const QString &items, int maxItems, int low, int high, OutOfRange rule, const char *what)
+QString values(const QString &items, int maxItems, const char *what)
 {
-    bool more = false;
-    const QStringList parts = leadingItems(items, maxItems, &more);
-    if (more)
-        TUNER_WAR() << what << "has more than" << maxItems << "items; the rest is dropped.";
     QStringList kept;
-    QStringList outside;
-    for (const QString &part : parts) {
-        bool ok = false;
-        const int freq = part.trimmed().toInt(&ok, 10);
-        if (!ok || freq <= 0 || (freq >= low && freq <= high)) {
-            kept.append(part);
-            continue;
+    for (int from = 0; from <= items.size();) {
+        int end = items.indexOf(QLatin1Char(';'), from);
+        if (end < 0)
+            end = items.size();
+        if (end > from) {
+            if (kept.size() == maxItems) {
+                TUNER_WAR() << what << "has more than" << maxItems << "items; the rest is dropped.";
+                break;
+            }
+            kept.append(items.mid(from, end - from));
         }
-        outside.append(part);
-        if (rule == OutOfRange::Clamp)
-            kept.append(QString::number(qBound(low, freq, high)));
-    }
-    if (!outside.isEmpty()) {
-        TUNER_WAR() << what << outside.join(QLatin1Char(';')) << "outside" << low << ".." << high
-                    << (rule == OutOfRange::Clamp ? "clamped." : "dropped.");
+        from = end + 1;
     }
     return kept.join(QLatin1Char(';'));
 }
@@ -118,12 +106,6 @@ int band(int band, int fallback, const char *what)
         return band;
     TUNER_WAR() << what << band << "is not a band (0..4);" << fallback << "taken.";
     return fallback;
-}
-
-bool inAnyBand(int freq)
-{
-    const Preferences *p = prefs();
-    return (freq >= p->fmMinFreq() && freq <= p->fmMaxFreq()) || (freq >= p->amMinFreq() && freq <= p->amMaxFreq());
 }
 
 int rdsStatus(int state)
@@ -141,14 +123,6 @@ int rdsStatus(int state)
     }
 }
 
-int workStatus(int state)
-{
-    if (state >= 0 && state <= 5)
-        return state;
-    TUNER_WAR() << state << "is not a work state; read as 0 (idle).";
-    return 0;
-}
-
 bool ptyCode(int pty)
 {
     if (pty >= 0 && pty <= 31)
@@ -161,32 +135,19 @@ void initData(InitData &d)
 {
     const Preferences *p = prefs();
     d.bandId = band(d.bandId, p->band(), "band_id");
-    if (!sane(d.fmMin, d.fmMax, d.fmStep)) {
-        TUNER_WAR() << "FM range" << d.fmMin << d.fmMax << d.fmStep << "is not usable; the known one is kept.";
-        d.fmMin = p->fmMinFreq();
-        d.fmMax = p->fmMaxFreq();
+    // Frequencies are snapped with the step: a step of 0 would divide by zero.
+    if (d.fmStep <= 0) {
+        TUNER_WAR() << "FM step" << d.fmStep << "is not usable; the known one," << p->fmStep() << ", is kept.";
         d.fmStep = p->fmStep();
     }
-    if (!sane(d.amMin, d.amMax, d.amStep)) {
-        TUNER_WAR() << "AM range" << d.amMin << d.amMax << d.amStep << "is not usable; the known one is kept.";
-        d.amMin = p->amMinFreq();
-        d.amMax = p->amMaxFreq();
+    if (d.amStep <= 0) {
+        TUNER_WAR() << "AM step" << d.amStep << "is not usable; the known one," << p->amStep() << ", is kept.";
         d.amStep = p->amStep();
     }
-    d.fmList = frequencyList(d.fmList, kMaxFmPresets, d.fmMin, d.fmMax, OutOfRange::Clamp, "fm_list");
-    d.amList = frequencyList(d.amList, kMaxAmPresets, d.amMin, d.amMax, OutOfRange::Clamp, "am_list");
-    d.bandPos = list(d.bandPos, kMaxBands, "band_position");
-    // One current frequency per band, each in its own family's range.
-    bool more = false;
-    QStringList current = leadingItems(d.bandCurFreq, kMaxBands, &more);
-    if (more)
-        TUNER_WAR() << "band_current_freq has more than" << kMaxBands << "items; the rest is dropped.";
-    for (int b = 0; b < current.size(); ++b) {
-        const bool fm = Preferences::isFmBand(b);
-        current[b] = frequencyList(current.at(b), 1, fm ? d.fmMin : d.amMin, fm ? d.fmMax : d.amMax,
-                                   OutOfRange::Clamp, "band_current_freq");
-    }
-    d.bandCurFreq = d.bandCurFreq.isEmpty() ? QString() : current.join(QLatin1Char(';'));
+    d.fmList = values(d.fmList, kMaxFmPresets, "fm_list");
+    d.amList = values(d.amList, kMaxAmPresets, "am_list");
+    d.bandPos = values(d.bandPos, kMaxBands, "band_position");
+    d.bandCurFreq = values(d.bandCurFreq, kMaxBands, "band_current_freq");
 }
 
 } // namespace tuner::radiocheck

@@ -4,8 +4,9 @@
 
 // Checks for what the radio service sends, applied once where its data enters
 // the tuner (its signals, and the getters read at start-up or after a
-// restart). Each bad value is reported with a "[WAR]" line and then cut,
-// clamped or rejected; the code behind trusts what passes.
+// restart). Only what could crash the tuner, stall it or grow without limit is
+// bounded (lengths, counts, indexes, a zero step), with a "[WAR]" line; every
+// value the model can hold passes as sent. The code behind trusts what passes.
 namespace tuner::radiocheck {
 
 // The longest RDS text (a radio text of 64 characters).
@@ -22,22 +23,17 @@ constexpr int kMaxPsName2Items = 9;
 QString name(const QString &text, const char *what);
 // A ";" list of names, each checked as a name, at most `maxItems` of them.
 QString nameList(const QString &names, int maxItems, const char *what);
-// A ";" list cut to `maxItems` items.
+// A ";" list cut to `maxItems` items, empty ones included (a reader that
+// takes an empty item as a value).
 QString list(const QString &items, int maxItems, const char *what);
-
-// Frequencies of a ";" list that lie outside low..high: clamped into it, or
-// dropped. Items that are not positive numbers are left for the reader.
-enum class OutOfRange { Clamp, Drop };
-QString frequencyList(const QString &items, int maxItems, int low, int high, OutOfRange rule, const char *what);
+// The non-empty items of a ";" list, at most `maxItems` (a reader that skips
+// empty items).
+QString values(const QString &items, int maxItems, const char *what);
 
 // A band number 0..4, or `fallback`.
 int band(int band, int fallback, const char *what);
-// True when `freq` lies in the FM or the AM range the tuner knows.
-bool inAnyBand(int freq);
 // RDS states 0, 1, 3, 5, 7; anything else reads as 0 (no RDS).
 int rdsStatus(int state);
-// Work states 0..5; anything else reads as 0 (idle).
-int workStatus(int state);
 // Programme types 0..31.
 bool ptyCode(int pty);
 

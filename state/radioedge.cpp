@@ -130,23 +130,15 @@ void RadioEdge::onPsName2(const QString &names)
 
 void RadioEdge::onStationChanged(int freq, int band)
 {
-    if (!radiocheck::inAnyBand(freq)) {
-        TUNER_WAR() << freq << "lies in neither the FM nor the AM range; report dropped.";
-        return;
-    }
-    // A negative band stands for the current one.
+    // Any frequency passes: the screen shows a wrong one as such. A negative
+    // band stands for the current one; another beyond the bands indexes nothing.
     const int checkedBand = band < 0 ? band : radiocheck::band(band, -1, "stationChanged band");
     pass(Kind::Station, [=] { emit stationChanged(freq, checkedBand); });
 }
 
 void RadioEdge::onAutoScanCompleted(const QString &stations)
 {
-    const Preferences *p = Preferences::getInstance();
-    const bool fm = Preferences::isFmBand(p->btmband());
-    const QString checked = radiocheck::frequencyList(stations, radiocheck::kMaxFmPresets,
-                                                      fm ? p->fmMinFreq() : p->amMinFreq(),
-                                                      fm ? p->fmMaxFreq() : p->amMaxFreq(),
-                                                      radiocheck::OutOfRange::Drop, "autoScanCompleted");
+    const QString checked = radiocheck::values(stations, radiocheck::kMaxFmPresets, "autoScanCompleted");
     pass(Kind::Event, [=] { emit autoScanCompleted(checked); });
 }
 
@@ -169,9 +161,8 @@ void RadioEdge::onSeekState(int state)
 
 void RadioEdge::onWorkStatus(int state)
 {
-    const int checked = radiocheck::workStatus(state);
-    m_lastWorkStatus = checked;
-    pass(Kind::Event, [=] { emit work_status(checked); });
+    m_lastWorkStatus = state;
+    pass(Kind::Event, [=] { emit work_status(state); });
 }
 
 void RadioEdge::onProgramName(const QString &name)

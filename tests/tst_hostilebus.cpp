@@ -175,7 +175,7 @@ private slots:
             m_fakes->stop();
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("not confirmed within 3000 ms"));
         if (service == QLatin1String("zero"))
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("0 lies in neither"));
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(" -- 0 is invaild freq\\.$"));
         player()->onManualPlusClicked();
         QVERIFY(plus->testAttribute(Qt::WA_TransparentForMouseEvents));
         if (service == QLatin1String("zero"))
@@ -193,15 +193,26 @@ private slots:
         QTest::addColumn<Check>("result");
         QTest::addColumn<int>("warnings");
 
-        const auto presetsUntouched = [] { return prefs()->favoritBandAt(BAND_FM2, 0) >= 8750; };
-        QTest::newRow("auto-store list below the band") << Emit([](auto *r) { emit r->autoScanCompleted("5;7;9;255;0;1"); })
-                                                         << Check(presetsUntouched) << 1;
-        QTest::newRow("auto-store list of INT_MAX") << Emit([](auto *r) { emit r->autoScanCompleted("2147483647"); })
-                                                    << Check(presetsUntouched) << 1;
+        // Values the model holds pass as sent; only counts are bounded.
+        const auto fm2Preset = [](int freq) {
+            return Check([freq] {
+                for (int i = 0; i < 6; ++i)
+                    if (prefs()->favoritBandAt(BAND_FM2, i) == freq)
+                        return true;
+                return false;
+            });
+        };
+        QTest::newRow("auto-store values below the band are stored") << Emit([](auto *r) { emit r->autoScanCompleted("5;0;7"); })
+                                                                     << fm2Preset(7) << 0;
+        QTest::newRow("auto-store value INT_MAX is stored") << Emit([](auto *r) { emit r->autoScanCompleted("2147483647"); })
+                                                            << fm2Preset(INT_MAX) << 0;
         QTest::newRow("auto-store list of 40 items") << Emit([](auto *r) { emit r->autoScanCompleted(QString(QStringLiteral("9000;")).repeated(40)); })
                                                      << Check([] { return prefs()->favoritBandAt(BAND_FM3, 5) == 9000; }) << 2;
-        QTest::newRow("station in no band") << Emit([](auto *r) { emit r->stationChanged(2147483647, 1); })
-                                            << Check([] { return prefs()->playFreq() == 9450; }) << 1;
+        QTest::newRow("empty items do not count against the cap")
+            << Emit([](auto *r) { emit r->autoScanCompleted(QString(QLatin1Char(';')).repeated(30) + QLatin1String("9100")); })
+            << fm2Preset(9100) << 0;
+        QTest::newRow("station in no band: shown as invalid") << Emit([](auto *r) { emit r->stationChanged(2147483647, 1); })
+                                                              << Check([] { return prefs()->playFreq() == 8750; }) << 1;
         QTest::newRow("station band 7 taken as current") << Emit([](auto *r) { emit r->stationChanged(9500, 7); })
                                                          << Check([] { return prefs()->band() == BAND_FM2 && prefs()->playFreq() == 9500; }) << 1;
         QTest::newRow("station band -2^31 is the current one") << Emit([](auto *r) { emit r->stationChanged(9500, INT_MIN); })
@@ -210,11 +221,14 @@ private slots:
                                                    << Check([] { return prefs()->rdsState() == 0; }) << 1;
         QTest::newRow("RDS state 7 is RDS with TP") << Emit([](auto *r) { emit r->statusChanged(7); })
                                                     << Check([] { return prefs()->rdsState() == 7; }) << 0;
-        QTest::newRow("work state 99 reads as idle") << Emit([](auto *r) { emit r->work_status(99); })
-                                                     << Check([] { return prefs()->workState() == 0; }) << 1;
+        QTest::newRow("work state 99 is kept") << Emit([](auto *r) { emit r->work_status(99); })
+                                               << Check([] { return prefs()->workState() == 99; }) << 0;
         QTest::newRow("start-up band -1 keeps the band") << Emit([](auto *r) {
             emit r->initDate(0, -1, "", "", 0, 0, 0, 0, 0, 10800, 8750, 5, 1602, 531, 9, "8800;9450", "0;0", 0, 0);
         }) << Check([] { return prefs()->band() == BAND_FM2; }) << 1;
+        QTest::newRow("start-up presets outside the range are kept") << Emit([](auto *r) {
+            emit r->initDate(0, 1, "5;;9000", "", 0, 0, 0, 0, 0, 10800, 8750, 5, 1602, 531, 9, "100;9450", "0;0", 0, 0);
+        }) << Check([] { return prefs()->favoritBandAt(BAND_FM1, 0) == 5 && prefs()->favoritBandAt(BAND_FM1, 1) == 9000; }) << 0;
         QTest::newRow("programme type 77 dropped") << Emit([](auto *r) { emit r->ptyChanged(77, "x"); })
                                                    << Check([] { return prefs()->PTYtype() == 0; }) << 1;
     }

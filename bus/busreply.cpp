@@ -100,13 +100,21 @@ void ReplyBatch::finish()
         return;
     m_finished = true;
     QStringList failed;
+    QStringList errors;
     bool timedOut = false;
     for (const Call &c : qAsConst(m_calls)) {
         if (!c.call.isError())
             continue;
+        const QDBusError::ErrorType type = c.call.error().type();
+        if (!isUnanswered(type)) {
+            errors.append(QLatin1String(c.getter) + QLatin1Char(' ') + c.call.error().name());
+            continue;
+        }
         failed.append(QLatin1String(c.getter));
-        timedOut = timedOut || isTimeout(c.call.error().type());
+        timedOut = timedOut || isTimeout(type);
     }
+    if (!errors.isEmpty())
+        TUNER_WAR() << m_proxy->service() << "answered" << errors.join(QLatin1String(", ")) << "; read as 0 or empty.";
     if (!m_owner.isEmpty()) {
         if (timedOut)
             slowOwners().insert(m_owner, OwnerState::Unresponsive);

@@ -18,6 +18,13 @@ inline bool isTimeout(QDBusError::ErrorType type)
     return type == QDBusError::NoReply || type == QDBusError::Timeout;
 }
 
+// The service never answered: it let the call run out, or there is none. Any
+// other error is the service's answer (or a reply of the wrong type).
+inline bool isUnanswered(QDBusError::ErrorType type)
+{
+    return isTimeout(type) || type == QDBusError::ServiceUnknown || type == QDBusError::Disconnected;
+}
+
 // Waits for a getter's reply and returns its value, or T() (0, false, "") when
 // the call failed: service absent, error reply, timeout or a reply of the wrong
 // type. QDBusPendingReply<T>::value() must not be read on an error reply.
@@ -44,9 +51,10 @@ public:
         : m_reply(reply)
     {
     }
-    // False while the reply is still on its way.
-    bool ok() const { return m_reply.isFinished() && !m_reply.isError(); }
-    T value() const { return ok() ? m_reply.value() : T(); }
+    // False while the reply is on its way, and when the service never gave
+    // one. An error reply is an answer: its value reads as T() (0, false, "").
+    bool answered() const { return m_reply.isFinished() && (!m_reply.isError() || !isUnanswered(m_reply.error().type())); }
+    T value() const { return m_reply.isFinished() && !m_reply.isError() ? m_reply.value() : T(); }
 
 private:
     QDBusPendingReply<T> m_reply;
@@ -84,8 +92,8 @@ public:
     // whether they are all in. Against a known late or unresponsive owner it
     // does not block.
     bool waitUntil(const QDeadlineTimer &deadline);
-    // Calls `done` with the getters that failed, in order, once every reply
-    // is in: at once when they are, else later from the event loop (never
+    // Calls `done` with the getters the service did not answer, in order,
+    // once every reply is in (an error reply is logged and read as T()): at once when they are, else later from the event loop (never
     // after the batch is destroyed). `done` may end the batch with deleteLater().
     void whenFinished(std::function<void(const QStringList &failed)> done);
 

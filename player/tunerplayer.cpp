@@ -103,15 +103,15 @@ void TunerPlayer::showServiceState()
     const auto ptyType = batch->add(radio->ptyType(), "ptyType");
     const auto ptyName = batch->add(radio->rdsName(), "rdsName");
     const auto workState = batch->add(radio->workStateType(), "workStateType");
-    const auto show = [=](bool answered) {
+    const auto show = [=](bool complete) {
         Preferences *p = prefs();
-        const bool bandRead = answered && bandId.ok();
+        const bool bandRead = complete && bandId.answered();
         onFrequencyChanged(m_control.lastFrequency(), bandRead ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
-        if (answered && ptyType.ok() && ptyName.ok() && check::ptyCode(ptyType.value()))
+        if (complete && ptyType.answered() && ptyName.answered() && check::ptyCode(ptyType.value()))
             onPtyChanged(ptyType.value(), check::name(ptyName.value(), "rdsName"));
         onstatusChanged(p->rdsState());
         onRdsName(p->curRdsName());
-        const bool workRead = answered && workState.ok();
+        const bool workRead = complete && workState.answered();
         onWorkStatus(workRead ? workState.value() : p->workState());
     };
     if (!batch->waitUntil(QDeadlineTimer(bus::ReplyBatch::kBlockingWaitMs)))

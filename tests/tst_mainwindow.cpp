@@ -162,22 +162,38 @@ private slots:
 
     // The UI thread waits for the start-up reads only a moment. A service that
     // has not answered by then leaves the window on what is stored; its late
-    // answers are fed in the same order when they come, and a failed read
-    // feeds nothing: no file write, no command derived from a default.
+    // answers are fed in the same order when they come. A service that does
+    // not answer at all feeds nothing: no file write, no command derived from
+    // a default. An error reply is an answer: it reads as 0 or empty and
+    // flows on with the rest.
     void startupKeepsTheStoredStateUntilTheRadioAnswers_data()
     {
         QTest::addColumn<QString>("failure");
-        QTest::addColumn<bool>("answered");
-        QTest::newRow("answers each getter 600 ms late: read when the answers come") << "slow" << true;
-        QTest::newRow("absent") << "absent" << false;
-        QTest::newRow("hung") << "hung" << false;
-        QTest::newRow("answers garbage") << "malformed" << false;
+        QTest::addColumn<int>("band"); // -1: the stored state stays
+        QTest::addColumn<int>("playFreq");
+        QTest::addColumn<QString>("afta"); // the AF/TA commands sent
+        QTest::addColumn<QString>("warning"); // the first "[WAR]" line
+        QTest::addColumn<int>("warned"); // how many
+        QTest::newRow("answers each getter 600 ms late: read when the answers come")
+            << "slow" << 1 << 9450 << "setTa(true) setAf(false)" << "" << 0;
+        QTest::newRow("absent") << "absent" << -1 << 1089 << "" << "did not answer bandSwitch, bandId, .*initAfTa ; the stored state is kept" << 2;
+        QTest::newRow("hung") << "hung" << -1 << 1089 << "" << "did not answer bandSwitch, bandId, .*initAfTa ; the stored state is kept" << 2;
+        QTest::newRow("an error for bandId reads as band 0") << "error:bandId" << 0 << 9000 << "setTa(true) setAf(false)"
+                                                              << "answered bandId org.freedesktop.DBus.Error.Failed ; read as 0" << 1;
+        QTest::newRow("an error for initAfTa turns both off") << "error:initAfTa" << 1 << 9450 << "setTa(false) setAf(false)"
+                                                               << "answered initAfTa org.freedesktop.DBus.Error.Failed ;" << 1;
+        QTest::newRow("answers garbage: every getter reads 0 or empty") << "malformed" << 0 << 8750 << "setTa(false) setAf(false)"
+                                                                         << "answered bandSwitch .*InvalidSignature" << 4;
     }
 
     void startupKeepsTheStoredStateUntilTheRadioAnswers()
     {
         QFETCH(QString, failure);
-        QFETCH(bool, answered);
+        QFETCH(int, band);
+        QFETCH(int, playFreq);
+        QFETCH(QString, afta);
+        QFETCH(QString, warning);
+        QFETCH(int, warned);
         const QByteArray stored = "[Freq]\nAM4\\CurrFreq=1089\nAM4\\preset_2=999\n\n"
                                   "[Tune]\nBand_AM=4\nCurrBand=4\nLocal=true\nRegional=false\nAf=false\nta=true\n";
         QDir().mkpath(QFileInfo(m_state->radioConf()).absolutePath());
@@ -193,8 +209,10 @@ private slots:
         if (failure == QLatin1String("absent"))
             m_fakes->stop();
         radio->setHung(failure == QLatin1String("hung"));
-        radio->setMalformed(failure == QLatin1String("malformed"));
         radio->setReplyDelay(failure == QLatin1String("slow") ? 600 : 0);
+        radio->setMalformed(failure == QLatin1String("malformed"));
+        if (failure.startsWith(QLatin1String("error:")))
+            radio->setErrorAnswer(failure.mid(6));
         WarningCounter warnings;
 
         MainWindow window;
@@ -204,19 +222,23 @@ private slots:
             QCOMPARE(p->playFreq(), 1089);
             QCOMPARE(radioCalls().size(), 16); // the RDS getters wait for the AF/TA answers
         }
-        if (answered) {
+        if (band >= 0) {
             QTRY_COMPARE(radioCalls().size(), 23);
-            QCOMPARE(radioCalls().mid(15, 4), (QStringList{"initAfTa()", "setTa(true)", "setAf(false)", "initPsName1()"}));
-            QCOMPARE(int(p->band()), 1);
-            QCOMPARE(p->playFreq(), 9450);
+            QCOMPARE(radioCalls().mid(15, 4), (QStringList{"initAfTa()"} + afta.split(' ') + QStringList{"initPsName1()"}));
+            QCOMPARE(int(p->band()), band);
+            QCOMPARE(p->playFreq(), playFreq);
+            QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), band);
+            QCOMPARE(warnings.count(), warned);
+            if (warned)
+                QVERIFY(warnings.lines().at(0).contains(QRegularExpression(warning)));
             radio->setReplyDelay(0);
             return;
         }
-        QTRY_COMPARE(warnings.count(), 2);
-        QVERIFY(warnings.lines().at(0).contains(QRegularExpression("did not answer bandSwitch, bandId, .*initAfTa ; the stored state is kept")));
+        QTRY_COMPARE(warnings.count(), warned);
+        QVERIFY(warnings.lines().at(0).contains(QRegularExpression(warning)));
         QVERIFY(warnings.lines().at(1).contains(QRegularExpression("did not answer initPsName1, .*RDSstate ;")));
         QCOMPARE(int(p->band()), 4);
-        QCOMPARE(p->playFreq(), 1089);
+        QCOMPARE(p->playFreq(), playFreq);
         QCOMPARE(p->favoritAt(2), 999);
         QCOMPARE(p->isLocal(), true);
         QCOMPARE(p->regional(), false);

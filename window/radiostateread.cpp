@@ -46,8 +46,9 @@ void RadioStateRead::useStoredState()
     Preferences::getInstance()->restoreStoredAfTa();
 }
 
-// A group whose read failed is not fed: what radio.conf holds stays, and no
-// command is derived from a default.
+// A group the service did not answer is not fed: what radio.conf holds stays,
+// and no command is derived from a default. An error reply is an answer and
+// flows on as 0 or empty.
 void RadioStateRead::readTuning()
 {
     namespace check = radiocheck;
@@ -73,9 +74,9 @@ void RadioStateRead::readTuning()
     batch->whenFinished([=](const QStringList &failed) {
         warnUnanswered(failed);
         Preferences *p = Preferences::getInstance();
-        const bool tuningRead = bandSwitch.ok() && bandId.ok() && fmList.ok() && amList.ok() && fmMax.ok()
-                                && fmMin.ok() && fmStep.ok() && amMax.ok() && amMin.ok() && amStep.ok()
-                                && bandCurFreq.ok() && bandPos.ok() && local.ok() && regional.ok();
+        const bool tuningRead = bandSwitch.answered() && bandId.answered() && fmList.answered() && amList.answered() && fmMax.answered()
+                                && fmMin.answered() && fmStep.answered() && amMax.answered() && amMin.answered() && amStep.answered()
+                                && bandCurFreq.answered() && bandPos.answered() && local.answered() && regional.answered();
         if (tuningRead) {
             check::InitData d{bandSwitch.value(), bandId.value(), fmList.value(), amList.value(),
                               fmMax.value(), fmMin.value(), fmStep.value(), amMax.value(), amMin.value(),
@@ -87,7 +88,7 @@ void RadioStateRead::readTuning()
         } else if (!m_late) {
             p->restoreStoredTuning();
         }
-        if (aftaList.ok() && afta.ok())
+        if (aftaList.answered() && afta.answered())
             emit aftaState(check::list(aftaList.value(), check::kMaxFmPresets, "initAfTaList"), afta.value());
         else if (!m_late)
             p->restoreStoredAfTa();
@@ -108,15 +109,15 @@ void RadioStateRead::readRds()
     batch->waitUntil(m_deadline);
     batch->whenFinished([=](const QStringList &failed) {
         warnUnanswered(failed);
-        if (psName1.ok())
+        if (psName1.answered())
             emit PsName1(check::nameList(psName1.value(), check::kMaxPsName1Items, "initPsName1"));
-        if (psName2.ok())
+        if (psName2.answered())
             emit PsName2(check::nameList(psName2.value(), check::kMaxPsName2Items, "initPsName2"));
-        if (piTp.ok())
+        if (piTp.answered())
             emit tp_pi_status(piTp.value());
-        if (programName.ok())
+        if (programName.answered())
             emit ProgramName(check::name(programName.value(), "rdsProgramName"));
-        if (rdsState.ok())
+        if (rdsState.answered())
             emit statusChanged(check::rdsStatus(rdsState.value()));
         batch->deleteLater();
         emit fed();

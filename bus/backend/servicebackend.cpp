@@ -59,6 +59,13 @@ void ServiceBackend::clearAnswers()
 {
     QMutexLocker lock(&m_mutex);
     m_answers.clear();
+    m_errorAnswers.clear();
+}
+
+void ServiceBackend::setErrorAnswer(const QString &member)
+{
+    QMutexLocker lock(&m_mutex);
+    m_errorAnswers.insert(member);
 }
 
 void ServiceBackend::setHung(bool hung)
@@ -84,7 +91,7 @@ void ServiceBackend::replyLater(const QVariant &value)
     int delay = 0;
     {
         QMutexLocker lock(&m_mutex);
-        if (m_hung || m_malformed)
+        if (m_hung || m_malformed || (calledFromDBus() && m_errorAnswers.contains(message().member())))
             return;
         delay = m_replyDelayMs;
     }
@@ -100,13 +107,17 @@ void ServiceBackend::record(const char *member, const QVariantList &args)
 {
     bool hung = false;
     bool malformed = false;
+    bool error = false;
     {
         QMutexLocker lock(&m_mutex);
         m_calls.append({QString::fromLatin1(member), args});
         hung = m_hung;
         malformed = m_malformed;
+        error = m_errorAnswers.contains(QLatin1String(member));
     }
-    if (calledFromDBus() && (hung || malformed)) {
+    if (calledFromDBus() && error && !hung) {
+        sendErrorReply(QDBusError::Failed, QLatin1String(member) + QLatin1String(" failed"));
+    } else if (calledFromDBus() && (hung || malformed)) {
         setDelayedReply(true); // a hung service never sends it
         if (malformed)
             connection().send(message().createReply(QVariant(-1.5)));

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QMutex>
 #include <QObject>
+#include <QSet>
 #include <QVariant>
 
 // Common ground of the service implementations behind the generated adaptors
@@ -39,6 +40,9 @@ public:
     void setMalformed(bool malformed);
     // Getters answer correctly, but only after `ms` (a loaded boot).
     void setReplyDelay(int ms);
+    // `member` answers at once with an error (org.freedesktop.DBus.Error.Failed);
+    // clearAnswers() ends it.
+    void setErrorAnswer(const QString &member);
 
 signals:
     void called(const QString &member, const QVariantList &args);
@@ -63,6 +67,7 @@ private:
     mutable QMutex m_mutex;
     QList<Call> m_calls;
     QHash<QString, QVariant> m_answers;
+    QSet<QString> m_errorAnswers;
     bool m_hung = false;
     bool m_malformed = false;
     int m_replyDelayMs = 0;

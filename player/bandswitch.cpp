@@ -13,6 +13,7 @@
 #include "tunerplayer.h"
 
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QTimerEvent>
 
 namespace tuner {
@@ -62,6 +63,7 @@ void BandSwitch::retranslate()
 
 void BandSwitch::showStoredBand()
 {
+    const QScopedValueRollback<bool> storedBand(m_showingStored, true);
     Preferences *p = prefs();
     showFamily(p->isFM());
     if (p->isFM()) {
@@ -179,7 +181,10 @@ void BandSwitch::enterAmPage(int page)
 void BandSwitch::enter(int band)
 {
     Preferences *p = prefs();
-    m_control.radio()->setband(band);
+    // The band restored from the store is not commanded until the service's
+    // own band is known: a slow service would be switched away and back.
+    if (!m_showingStored || m_control.radioStateKnown())
+        m_control.radio()->setband(band);
     Preferences::isFmBand(band) ? p->setBand_FM(Band(band)) : p->setBand_AM(Band(band));
     p->setBand(Band(band));
     m_pages.showPageImage(band);

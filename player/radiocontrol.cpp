@@ -3,6 +3,7 @@
 #include "keybeep.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
+#include "radioedge.h"
 
 namespace tuner {
 
@@ -10,6 +11,16 @@ RadioControl::RadioControl(NiloRadioServiceInterface *radio, NiloMcuServiceInter
     : m_radio(radio)
     , m_mcu(mcu)
 {
+}
+
+void RadioControl::followStateOf(RadioEdge *edge)
+{
+    m_edge = edge;
+}
+
+bool RadioControl::radioStateKnown() const
+{
+    return !m_edge || m_edge->radioStateKnown();
 }
 
 void RadioControl::beep(int state)

@@ -2,10 +2,14 @@
 
 #include "tunerkeys.h"
 
+#include <QPointer>
+
 class NiloMcuServiceInterface;
 class NiloRadioServiceInterface;
 
 namespace tuner {
+
+class RadioEdge;
 
 // What the tuner screen asks of the radio service, and what it remembers of
 // the answers: the work status, a tune whose report is awaited, a seek of its
@@ -18,6 +22,10 @@ public:
 
     // The commands that leave nothing to remember.
     NiloRadioServiceInterface *radio() const { return m_radio; }
+    // Whether the service's own state has been read; without an edge to ask
+    // (a screen on its own) it counts as read.
+    void followStateOf(RadioEdge *edge);
+    bool radioStateKnown() const;
 
     WorkStatus workStatus() const { return m_workStatus; }
     void setWorkStatus(WorkStatus status) { m_workStatus = status; }
@@ -49,6 +57,7 @@ public:
 private:
     NiloRadioServiceInterface *m_radio;
     NiloMcuServiceInterface *m_mcu;
+    QPointer<RadioEdge> m_edge; // the main window's: it may go first
     WorkStatus m_workStatus = WorkStatus::Idle;
     int m_lastFreq = 0;
     bool m_tuneRequested = false;

@@ -72,6 +72,7 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge, ShownStation *sh
     m_seekSettle = new QTimer(this);
     m_seekSettle->setSingleShot(true);
     connect(m_seekSettle, SIGNAL(timeout()), this, SLOT(onTimer()));
+    m_control.followStateOf(radioEdge);
     initband();
     if (!radioEdge)
         radioEdge = new RadioEdge(m_control.radio(), this);
@@ -114,11 +115,16 @@ void TunerPlayer::showServiceState()
         const bool workRead = complete && workState.answered();
         onWorkStatus(workRead ? workState.value() : p->workState());
     };
-    if (!batch->waitUntil(QDeadlineTimer(bus::ReplyBatch::kBlockingWaitMs)))
+    const bool inTime = batch->waitUntil(QDeadlineTimer(bus::ReplyBatch::kBlockingWaitMs));
+    if (!inTime)
         show(false);
     batch->whenFinished([=](const QStringList &failed) {
         if (!failed.isEmpty())
             TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", ")) << "; the tuner's own state is shown.";
+        // Late answers come after the window fed the service's state: the
+        // frequency is the one stored by now.
+        if (!inTime)
+            m_control.setLastFrequency(prefs()->playFreq());
         show(true);
         batch->deleteLater();
     });

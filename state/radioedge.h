@@ -40,6 +40,12 @@ public:
     // Reports still waiting for delivery (tests).
     int waitingReports() const { return m_waiting.size(); }
 
+    // False while the main window reads the service's tuning state: until
+    // then the screen does not command the band it restores from its own
+    // store, which the service's state may contradict.
+    bool radioStateKnown() const { return m_radioStateKnown; }
+    void setRadioStateKnown(bool known) { m_radioStateKnown = known; }
+
 signals:
     void initDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list,
                   int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning,
@@ -101,6 +107,7 @@ private:
     QTimer m_endOfTurn;
     QDBusServiceWatcher *m_watcher;
     int m_lastWorkStatus = 0;
+    bool m_radioStateKnown = true;
     int m_lastSeekState = 0;
 };
 

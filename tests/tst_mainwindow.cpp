@@ -249,6 +249,31 @@ private slots:
         QCOMPARE(file.readAll(), stored);
     }
 
+    // On a first boot (no radio.conf) against a radio that answers late, the
+    // screen is built before the radio's band is known: it commands no band
+    // until then, and afterwards only the radio's own.
+    void slowRadioAtFirstBootKeepsItsBand()
+    {
+        NiloRadioServiceBackend *radio = m_fakes->radio();
+        radio->setAnswers({{"bandId", 1}, {"bandPos", "1;1;1;1;1"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
+                           {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9}, {"freqBandId", 1},
+                           {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}});
+        radio->setReplyDelay(600);
+        MainWindow window;
+        window.onCreate();
+        window.screenStack()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.screenStack()));
+        QCOMPARE(radioCalls().filter("setband"), QStringList());
+        // The names come last; with them the stored band is shown again.
+        QTRY_VERIFY(!radioCalls().filter("setband").isEmpty());
+        QTRY_COMPARE(window.screenStack()->player()->freqValue(), 9450);
+        radio->setReplyDelay(0);
+        const QStringList bands = radioCalls().filter("setband");
+        QCOMPARE(bands.filter("setband(1)"), bands);
+        QCOMPARE(int(prefs()->band()), 1);
+        QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), 1);
+    }
+
     void bandKeys_data()
     {
         QTest::addColumn<int>("key");

@@ -4,6 +4,7 @@
 #include "busreply.h"
 #include "preferences.h"
 #include "radiochecks.h"
+#include "radioedge.h"
 #include "tunerlog.h"
 
 namespace tuner {
@@ -19,15 +20,17 @@ void warnUnanswered(const QStringList &failed)
 
 } // namespace
 
-RadioStateRead::RadioStateRead(NiloRadioServiceInterface *radio, QObject *parent)
+RadioStateRead::RadioStateRead(NiloRadioServiceInterface *radio, RadioEdge *edge, QObject *parent)
     : QObject(parent)
     , m_radio(radio)
+    , m_edge(edge)
 {
 }
 
 void RadioStateRead::start(int blockingMs)
 {
     delete m_batch;
+    m_edge->setRadioStateKnown(false);
     m_deadline = QDeadlineTimer(blockingMs);
     m_late = false;
     readTuning();
@@ -92,6 +95,8 @@ void RadioStateRead::readTuning()
             emit aftaState(check::list(aftaList.value(), check::kMaxFmPresets, "initAfTaList"), afta.value());
         else if (!m_late)
             p->restoreStoredAfTa();
+        // Read or not, the service had its chance: what the tuner holds now stands.
+        m_edge->setRadioStateKnown(true);
         batch->deleteLater();
         readRds();
     });

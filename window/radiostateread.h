@@ -8,6 +8,8 @@ class NiloRadioServiceInterface;
 
 namespace tuner {
 
+class RadioEdge;
+
 namespace bus {
 class ReplyBatch;
 }
@@ -23,7 +25,8 @@ class RadioStateRead : public QObject
 {
     Q_OBJECT
 public:
-    explicit RadioStateRead(NiloRadioServiceInterface *radio, QObject *parent = nullptr);
+    // `edge` learns when the service's tuning state is known.
+    RadioStateRead(NiloRadioServiceInterface *radio, RadioEdge *edge, QObject *parent = nullptr);
 
     // Starts a read, dropping one still under way; blocks at most `blockingMs`.
     void start(int blockingMs);
@@ -51,6 +54,7 @@ private:
     bus::ReplyBatch *newBatch();
 
     NiloRadioServiceInterface *m_radio;
+    RadioEdge *m_edge;
     QPointer<bus::ReplyBatch> m_batch;
     QDeadlineTimer m_deadline;
     bool m_late = false;

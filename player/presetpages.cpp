@@ -162,14 +162,18 @@ void PresetPages::scrollToPage(bool fm, int page, bool animated)
 }
 
 // Every station report passes here: setting the image the indicator already
-// shows would still repaint it and all beneath, and loading it by name costs a
-// file-time lookup each time.
+// shows would still repaint it and all beneath. Loading one by name costs a
+// file-time lookup each time, and a preset step across bands changes it: each
+// is loaded once.
 void PresetPages::showPageImage(int band)
 {
     if (band == m_pageImageBand || band < 0 || band >= int(std::size(kPageImages)))
         return;
     m_pageImageBand = band;
-    ui->Icn_0067_page->setPixmap(QPixmap(QLatin1String(kPageImages[band])));
+    QPixmap &image = m_pageImages[size_t(band)];
+    if (image.isNull())
+        image = QPixmap(QLatin1String(kPageImages[band]));
+    ui->Icn_0067_page->setPixmap(image);
 }
 
 } // namespace tuner

@@ -1,7 +1,12 @@
 #pragma once
 
+#include "region.h"
+
 #include <QList>
+#include <QPixmap>
 #include <Qt>
+
+#include <array>
 
 class QButtonGroup;
 class QLabel;
@@ -56,6 +61,7 @@ private:
     cm::ScrollManage *m_fmScroller = nullptr;
     cm::ScrollManage *m_amScroller = nullptr;
     int m_pageImageBand = -1; // the form starts with no band's indicator set by us
+    std::array<QPixmap, kBandCount> m_pageImages;
 };
 
 } // namespace tuner

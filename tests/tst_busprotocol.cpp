@@ -174,6 +174,39 @@ private slots:
         QCOMPARE(m_fakes->radio()->callNames(), QStringList{"fmMaxFreq"});
     }
 
+    // A batch remembers how the service's owner answered: one that let a
+    // batch run out is not waited for again and its calls give up sooner;
+    // once it answers in time it is waited for as any other.
+    void batchesRememberASlowOwner()
+    {
+        using tuner::bus::ReplyBatch;
+        ReplyBatch::forgetUnresponsiveServices();
+        NiloRadioServiceInterface *radio = m_proxies->radio.get();
+        const int ownTimeout = radio->timeout();
+        const auto read = [&](bool *inTime) {
+            ReplyBatch batch(radio);
+            const int timeout = radio->timeout();
+            const auto band = batch.add(radio->bandId(), "bandId");
+            *inTime = batch.waitUntil(QDeadlineTimer(ReplyBatch::kBlockingWaitMs));
+            bool done = false;
+            batch.whenFinished([&](const QStringList &) { done = true; });
+            if (!QTest::qWaitFor([&] { return done; }, 5000))
+                return -1;
+            return band.answered() ? timeout : -timeout;
+        };
+        m_fakes->radio()->setHung(true);
+        bool inTime = true;
+        QCOMPARE(read(&inTime), -ReplyBatch::kDeadlineMs);
+        QVERIFY(!inTime);
+        QCOMPARE(read(&inTime), -tuner::bus::kCallTimeoutMs); // not waited for, and gives up sooner
+        QVERIFY(!inTime);
+        m_fakes->radio()->setHung(false);
+        QCOMPARE(read(&inTime), tuner::bus::kCallTimeoutMs); // answered: the owner recovered
+        QCOMPARE(read(&inTime), ReplyBatch::kDeadlineMs);
+        QVERIFY(inTime);
+        QCOMPARE(radio->timeout(), ownTimeout);
+    }
+
 private:
     std::unique_ptr<FakeServices> m_fakes;
     std::unique_ptr<Proxies> m_proxies;

@@ -7,6 +7,7 @@
 #include "mainwindow.h"
 #include "nowplaying.h"
 #include "tunerfixture.h"
+#include "warningcounter.h"
 
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
@@ -259,17 +260,34 @@ private slots:
     }
 
     // A second tuner in the process (or another one of ours on the bus) takes
-    // an instance name.
+    // an instance name; with that one taken too, it goes without a name.
+    void aTakenNameGivesAnInstanceName_data()
+    {
+        QTest::addColumn<bool>("instanceTaken");
+        QTest::newRow("the name taken") << false;
+        QTest::newRow("the instance name taken too") << true;
+    }
+
     void aTakenNameGivesAnInstanceName()
     {
+        QFETCH(bool, instanceTaken);
+        const QString instance = QStringLiteral("%1.instance%2").arg(NowPlaying::kServiceName).arg(QCoreApplication::applicationPid());
         QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
         m_window.reset();
         // The window lets its name go without waiting for the bus: wait here.
         QTRY_VERIFY(!QDBusConnection::sessionBus().interface()->isServiceRegistered(QLatin1String(NowPlaying::kServiceName)));
         QVERIFY(other.registerService(QLatin1String(NowPlaying::kServiceName)));
+        if (instanceTaken)
+            QVERIFY(other.registerService(instance));
+        WarningCounter warnings;
         MainWindow second;
-        QTRY_COMPARE(second.nowPlaying()->serviceName(),
-                     QStringLiteral("%1.instance%2").arg(NowPlaying::kServiceName).arg(QCoreApplication::applicationPid()));
+        if (instanceTaken) {
+            const QString noName = instance + QLatin1String(" is taken: the media-player interface has no name");
+            QTRY_COMPARE(warnings.lines().filter(noName).size(), 1);
+            QCOMPARE(second.nowPlaying()->serviceName(), QString());
+        } else {
+            QTRY_COMPARE(second.nowPlaying()->serviceName(), instance);
+        }
         QDBusConnection::disconnectFromBus(QStringLiteral("other"));
     }
 

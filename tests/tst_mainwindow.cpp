@@ -82,28 +82,65 @@ private slots:
             QFAIL("fakes did not come back");
     }
 
-    void startupReadsTheRadioInOrder_data()
+    // The start-up reads, in their order, against radio.conf holding AM2 at
+    // 1089. The AF/TA commands follow the AF/TA answers, before the RDS
+    // getters. The UI thread waits for the answers only a moment: a service
+    // that has not answered by then leaves the window on what is stored, and
+    // its late answers are fed in the same order when they come. A service
+    // that does not answer at all feeds nothing: no file write, no command
+    // derived from a default. An error reply is an answer: it reads as 0 or
+    // empty and flows on with the rest.
+    void startupReadsTheRadio_data()
     {
+        QTest::addColumn<QString>("failure");
         QTest::addColumn<int>("bandSwitch");
         QTest::addColumn<int>("bandId");
         QTest::addColumn<int>("piTp");
-        QTest::addColumn<QStringList>("afTaCommands");
+        QTest::addColumn<int>("band"); // then; -1: the stored one stays
+        QTest::addColumn<int>("playFreq");
+        QTest::addColumn<QString>("afta"); // the AF/TA commands sent
         QTest::addColumn<QList<int>>("lastBands"); // band_FM, band_AM
-
-        QTest::newRow("FM2") << 0 << 1 << 0 << QStringList{"setTa(true)", "setAf(false)"} << QList<int>{1, 3};
-        QTest::newRow("AM2: AF and TA sent off") << 1 << 4 << 0 << QStringList{"setTa(false)", "setAf(false)"} << QList<int>{0, 4};
-        QTest::newRow("announcement already running") << 0 << 0 << 3 << QStringList{"setTa(true)", "setAf(false)"} << QList<int>{0, 3};
+        QTest::addColumn<QString>("warning"); // the first "[WAR]" line
+        QTest::addColumn<int>("warned"); // how many
+        const QString unanswered = "did not answer bandSwitch, bandId, .*initAfTa ; the stored state is kept";
+        QTest::newRow("FM2") << "" << 0 << 1 << 0 << 1 << 9450 << "setTa(true) setAf(false)" << QList<int>{1, 3} << "" << 0;
+        QTest::newRow("AM2: AF and TA sent off") << "" << 1 << 4 << 0 << 4 << 1089 << "setTa(false) setAf(false)" << QList<int>{0, 4} << "" << 0;
+        QTest::newRow("announcement already running") << "" << 0 << 0 << 3 << 0 << 9000 << "setTa(true) setAf(false)" << QList<int>{0, 3} << "" << 0;
+        QTest::newRow("answers each getter 600 ms late: read when the answers come")
+            << "slow" << 0 << 1 << 0 << 1 << 9450 << "setTa(true) setAf(false)" << QList<int>{1, 3} << "" << 0;
+        QTest::newRow("absent") << "absent" << 0 << 1 << 0 << -1 << 1089 << "" << QList<int>{0, 4} << unanswered << 2;
+        QTest::newRow("hung") << "hung" << 0 << 1 << 0 << -1 << 1089 << "" << QList<int>{0, 4} << unanswered << 2;
+        QTest::newRow("an error for bandId reads as band 0") << "error:bandId" << 0 << 1 << 0 << 0 << 9000 << "setTa(true) setAf(false)"
+                                                              << QList<int>{0, 3} << "answered bandId org.freedesktop.DBus.Error.Failed ; read as 0" << 1;
+        QTest::newRow("an error for initAfTa turns both off") << "error:initAfTa" << 0 << 1 << 0 << 1 << 9450 << "setTa(false) setAf(false)"
+                                                               << QList<int>{1, 3} << "answered initAfTa org.freedesktop.DBus.Error.Failed ;" << 1;
+        QTest::newRow("answers garbage: every getter reads 0 or empty") << "malformed" << 0 << 1 << 0 << 0 << 8750 << "setTa(false) setAf(false)"
+                                                                         << QList<int>{0, 3} << "answered bandSwitch .*InvalidSignature" << 4;
     }
 
-    void startupReadsTheRadioInOrder()
+    void startupReadsTheRadio()
     {
+        QFETCH(QString, failure);
         QFETCH(int, bandSwitch);
         QFETCH(int, bandId);
         QFETCH(int, piTp);
-        QFETCH(QStringList, afTaCommands);
+        QFETCH(int, band);
+        QFETCH(int, playFreq);
+        QFETCH(QString, afta);
         QFETCH(QList<int>, lastBands);
+        QFETCH(QString, warning);
+        QFETCH(int, warned);
+        const QByteArray stored = "[Freq]\nAM4\\CurrFreq=1089\nAM4\\preset_2=999\n\n"
+                                  "[Tune]\nBand_AM=4\nCurrBand=4\nLocal=true\nRegional=false\nAf=false\nta=true\n";
+        QDir().mkpath(QFileInfo(m_state->radioConf()).absolutePath());
+        QFile file(m_state->radioConf());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(stored);
+        file.close();
+        Preferences::resetInstance();
 
-        m_fakes->radio()->setAnswers({
+        NiloRadioServiceBackend *radio = m_fakes->radio();
+        radio->setAnswers({
             {"bandSwitch", bandSwitch}, {"bandId", bandId},
             {"fmList", "8800;8930;9050;9190;9310;9450;9580;9720;9870;10020;10150;10280"},
             {"amList", "585;693;909"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
@@ -112,28 +149,60 @@ private slots:
             {"initLocal", 1}, {"initRegional", 0}, {"initAfTaList", "2;1;3"}, {"initAfTa", 2},
             {"initPsName1", "BBC R2;NDR 2"}, {"initPsName2", "SWR3"}, {"piTpStatus", piTp},
             {"rdsProgramName", "NDR 2"}, {"RDSstate", 3}});
+        if (failure == QLatin1String("absent"))
+            m_fakes->stop();
+        radio->setHung(failure == QLatin1String("hung"));
+        radio->setMalformed(failure == QLatin1String("malformed"));
+        radio->setReplyDelay(failure == QLatin1String("slow") ? 600 : 0);
+        if (failure.startsWith(QLatin1String("error:")))
+            radio->setErrorAnswer(failure.mid(6));
+        WarningCounter warnings;
 
         auto window = std::make_unique<MainWindow>();
-
-        // The AF/TA commands follow the AF/TA answers, before the RDS getters.
+        Preferences *p = prefs();
+        if (failure == QLatin1String("slow") || failure == QLatin1String("hung")) {
+            QCOMPARE(int(p->band()), 4);
+            QCOMPARE(p->playFreq(), 1089);
+            QCOMPARE(radioCalls().size(), 16); // the RDS getters wait for the AF/TA answers
+        }
+        QTRY_COMPARE(warnings.count(), warned);
+        if (warned)
+            QVERIFY(warnings.lines().at(0).contains(QRegularExpression(warning)));
+        QCOMPARE(mcuCalls(), QStringList());
+        if (band < 0) {
+            QTRY_VERIFY(warnings.lines().at(1).contains(QRegularExpression("did not answer initPsName1, .*RDSstate ;")));
+            QCOMPARE(int(p->band()), 4);
+            QCOMPARE(p->playFreq(), playFreq);
+            QCOMPARE(p->favoritAt(2), 999);
+            QCOMPARE(p->isLocal(), true);
+            QCOMPARE(p->regional(), false);
+            QCOMPARE(p->ta(), true);
+            QCOMPARE(radioCalls().filter(QRegularExpression("^set")), QStringList());
+            p->flush();
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), stored);
+            return;
+        }
         const QStringList expected = QStringList{"bandSwitch()", "bandId()", "fmList()", "amList()", "fmMaxFreq()",
                                                  "fmMinFreq()", "fmStep()", "amMaxFreq()", "amMinFreq()", "amStep()",
                                                  "bandCurFreq()", "bandPos()", "initLocal()", "initRegional()",
                                                  "initAfTaList()", "initAfTa()"}
-                                     + afTaCommands
+                                     + afta.split(QLatin1Char(' '))
                                      + QStringList{"initPsName1()", "initPsName2()", "piTpStatus()",
                                                    "rdsProgramName()", "RDSstate()"};
-        QCOMPARE(radioCalls(), expected);
-        QCOMPARE(mcuCalls(), QStringList());
-
-        Preferences *p = prefs();
-        QCOMPARE(int(p->band()), bandId);
+        QTRY_COMPARE(radioCalls(), expected);
+        radio->setReplyDelay(0);
+        QCOMPARE(int(p->band()), band);
+        QCOMPARE(p->playFreq(), playFreq);
         QCOMPARE((QList<int>{p->band_FM(), p->band_AM()}), lastBands);
+        QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), band);
+        if (!failure.isEmpty() && failure != QLatin1String("slow"))
+            return;
+        QTRY_COMPARE(p->rdsState(), 3); // the RDS answers are fed last
         QCOMPARE(p->isLocal(), true);
         QCOMPARE(p->regional(), false);
         QCOMPARE(p->ta(), true);
         QCOMPARE(p->af(), false);
-        QCOMPARE(p->bandData(BAND_FM2).currFreq, 9450);
         QCOMPARE(p->bandData(BAND_FM2).currFreqId, 1);
         QCOMPARE(p->bandData(BAND_AM1).currFreqId, 2);
         QCOMPARE(p->bandData(BAND_FM2).presets[5], 10280);
@@ -141,8 +210,6 @@ private slots:
         QCOMPARE(p->rdsName(BAND_FM1, 1), QStringLiteral("NDR 2"));
         QCOMPARE(p->rdsName(BAND_FM2, 3), QStringLiteral("SWR3"));
         QCOMPARE(p->curRdsName(), QStringLiteral("NDR 2"));
-        QCOMPARE(p->rdsState(), 3);
-        QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), bandId);
         QCOMPARE(m_state->radioConfValue("Tune/Local").toBool(), true);
         QCOMPARE(m_state->radioConfValue("Freq/FM1/CurrFreq").toInt(), 9450);
         QCOMPARE(m_state->radioConfValue("Freq/FM0/TA_0").toBool(), true);
@@ -158,95 +225,6 @@ private slots:
         MainWindow again;
         prefs()->flush();
         QCOMPARE(fileIdentity(m_state->radioConf()), before);
-    }
-
-    // The UI thread waits for the start-up reads only a moment. A service that
-    // has not answered by then leaves the window on what is stored; its late
-    // answers are fed in the same order when they come. A service that does
-    // not answer at all feeds nothing: no file write, no command derived from
-    // a default. An error reply is an answer: it reads as 0 or empty and
-    // flows on with the rest.
-    void startupKeepsTheStoredStateUntilTheRadioAnswers_data()
-    {
-        QTest::addColumn<QString>("failure");
-        QTest::addColumn<int>("band"); // -1: the stored state stays
-        QTest::addColumn<int>("playFreq");
-        QTest::addColumn<QString>("afta"); // the AF/TA commands sent
-        QTest::addColumn<QString>("warning"); // the first "[WAR]" line
-        QTest::addColumn<int>("warned"); // how many
-        QTest::newRow("answers each getter 600 ms late: read when the answers come")
-            << "slow" << 1 << 9450 << "setTa(true) setAf(false)" << "" << 0;
-        QTest::newRow("absent") << "absent" << -1 << 1089 << "" << "did not answer bandSwitch, bandId, .*initAfTa ; the stored state is kept" << 2;
-        QTest::newRow("hung") << "hung" << -1 << 1089 << "" << "did not answer bandSwitch, bandId, .*initAfTa ; the stored state is kept" << 2;
-        QTest::newRow("an error for bandId reads as band 0") << "error:bandId" << 0 << 9000 << "setTa(true) setAf(false)"
-                                                              << "answered bandId org.freedesktop.DBus.Error.Failed ; read as 0" << 1;
-        QTest::newRow("an error for initAfTa turns both off") << "error:initAfTa" << 1 << 9450 << "setTa(false) setAf(false)"
-                                                               << "answered initAfTa org.freedesktop.DBus.Error.Failed ;" << 1;
-        QTest::newRow("answers garbage: every getter reads 0 or empty") << "malformed" << 0 << 8750 << "setTa(false) setAf(false)"
-                                                                         << "answered bandSwitch .*InvalidSignature" << 4;
-    }
-
-    void startupKeepsTheStoredStateUntilTheRadioAnswers()
-    {
-        QFETCH(QString, failure);
-        QFETCH(int, band);
-        QFETCH(int, playFreq);
-        QFETCH(QString, afta);
-        QFETCH(QString, warning);
-        QFETCH(int, warned);
-        const QByteArray stored = "[Freq]\nAM4\\CurrFreq=1089\nAM4\\preset_2=999\n\n"
-                                  "[Tune]\nBand_AM=4\nCurrBand=4\nLocal=true\nRegional=false\nAf=false\nta=true\n";
-        QDir().mkpath(QFileInfo(m_state->radioConf()).absolutePath());
-        QFile file(m_state->radioConf());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(stored);
-        file.close();
-
-        NiloRadioServiceBackend *radio = m_fakes->radio();
-        radio->setAnswers({{"bandId", 1}, {"bandPos", "1;1;1;1;1"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
-                           {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
-                           {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}});
-        if (failure == QLatin1String("absent"))
-            m_fakes->stop();
-        radio->setHung(failure == QLatin1String("hung"));
-        radio->setReplyDelay(failure == QLatin1String("slow") ? 600 : 0);
-        radio->setMalformed(failure == QLatin1String("malformed"));
-        if (failure.startsWith(QLatin1String("error:")))
-            radio->setErrorAnswer(failure.mid(6));
-        WarningCounter warnings;
-
-        MainWindow window;
-        Preferences *p = prefs();
-        if (failure == QLatin1String("slow") || failure == QLatin1String("hung")) {
-            QCOMPARE(int(p->band()), 4);
-            QCOMPARE(p->playFreq(), 1089);
-            QCOMPARE(radioCalls().size(), 16); // the RDS getters wait for the AF/TA answers
-        }
-        if (band >= 0) {
-            QTRY_COMPARE(radioCalls().size(), 23);
-            QCOMPARE(radioCalls().mid(15, 4), (QStringList{"initAfTa()"} + afta.split(' ') + QStringList{"initPsName1()"}));
-            QCOMPARE(int(p->band()), band);
-            QCOMPARE(p->playFreq(), playFreq);
-            QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), band);
-            QCOMPARE(warnings.count(), warned);
-            if (warned)
-                QVERIFY(warnings.lines().at(0).contains(QRegularExpression(warning)));
-            radio->setReplyDelay(0);
-            return;
-        }
-        QTRY_COMPARE(warnings.count(), warned);
-        QVERIFY(warnings.lines().at(0).contains(QRegularExpression(warning)));
-        QVERIFY(warnings.lines().at(1).contains(QRegularExpression("did not answer initPsName1, .*RDSstate ;")));
-        QCOMPARE(int(p->band()), 4);
-        QCOMPARE(p->playFreq(), playFreq);
-        QCOMPARE(p->favoritAt(2), 999);
-        QCOMPARE(p->isLocal(), true);
-        QCOMPARE(p->regional(), false);
-        QCOMPARE(p->ta(), true);
-        QCOMPARE(radioCalls().filter(QRegularExpression("^set")), QStringList());
-        p->flush();
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), stored);
     }
 
     // On a first boot (no radio.conf) against a radio that answers late, the

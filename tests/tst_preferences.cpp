@@ -47,6 +47,11 @@ private slots:
                                            << "Freq/AM1/CurrFreqId" << "6";
         QTest::newRow("preset on AM") << Action([](Preferences *p) { p->setBand(BAND_AM1); p->setFavoriteFreq(5, 1602); })
                                       << "Freq/AM3/preset_5" << "1602";
+        // Frequencies are snapped to the band's limits and step (EUR: FM 8750..10800 step 5, AM 531..1602 step 9).
+        QTest::newRow("current frequency snapped down") << Action([](Preferences *p) { p->setCurrPlayFreq(9852); }) << "Freq/FM0/CurrFreq" << "9850";
+        QTest::newRow("preset above the band") << Action([](Preferences *p) { p->setFavoriteFreq(0, 20000); }) << "Freq/FM0/preset_0" << "10800";
+        QTest::newRow("AM play frequency snapped") << Action([](Preferences *p) { p->setPlayFreq(BAND_AM2, 1000); }) << "Freq/AM4/CurrFreq" << "999";
+        QTest::newRow("AM play frequency below the band") << Action([](Preferences *p) { p->setPlayFreq(BAND_AM2, 100); }) << "Freq/AM4/CurrFreq" << "531";
         QTest::newRow("rds name, one key for all presets")
             << Action([](Preferences *p) { p->saveRdsName(BAND_AM1, 2, QStringLiteral("NDR 2")); })
             << "Tuner/rdsName" << "NDR 2";
@@ -63,20 +68,6 @@ private slots:
         // Read by a second settings object while the singleton lives on: the write was synced.
         const QVariant written = key.startsWith(QLatin1String("Tuner/")) ? state.settingsValue(key) : state.radioConfValue(key);
         QCOMPARE(written.toString(), value);
-    }
-
-    void snappedSettersStoreTheGridValue()
-    {
-        TestState state; // EUR: FM 8750..10800 step 5, AM 531..1602 step 9
-        prefs()->setCurrPlayFreq(9852);
-        QCOMPARE(prefs()->playFreq(), 9850);
-        prefs()->setFavoriteFreq(0, 20000);
-        QCOMPARE(prefs()->favoritAt(0), 10800);
-        QCOMPARE(state.radioConfValue("Freq/FM0/preset_0").toInt(), 10800);
-        prefs()->setPlayFreq(BAND_AM2, 1000);
-        QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 999);
-        prefs()->setPlayFreq(BAND_AM2, 100);
-        QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 531);
     }
 
     void badIndexesChangeNothing_data()
@@ -165,72 +156,63 @@ private slots:
         QVERIFY(!QFile::exists(state.radioConf()));
     }
 
-    void initParsesTheServiceLists()
+    // The radio service's start-up lists, band by band. Each band reads
+    // "current frequency, preset id, preset index, id before auto-store,
+    // step: presets 0..5"; "written" are radio.conf keys ("=" alone: absent).
+    void initTakesTheServiceLists_data()
     {
-        TestState state;
-        prefs()->init(10800, 8750, 5, 1602, 531, 9, QStringLiteral("9000;9100;9200;999;1080"),
-                      QStringLiteral("1;0;6;;2;0"),
-                      QStringLiteral("8750;;9000;9100;9200;9300;9400;9500;0;-3;9600"), QStringLiteral("531;603"));
-
-        const Preferences::flagBand &fm0 = prefs()->bandData(BAND_FM1);
-        const Preferences::flagBand &fm1 = prefs()->bandData(BAND_FM2);
-        const Preferences::flagBand &fm2 = prefs()->bandData(BAND_FM3);
-        QCOMPARE(fm0.currFreq, 9000);
-        QCOMPARE(fm0.currFreqId, 0);       // 1-based 1
-        QCOMPARE(fm1.currFreqId, kNoPreset); // 0 means none
-        QCOMPARE(fm2.currFreqId, 5);       // 6 is the last preset
-        QCOMPARE(fm0.presetIndex, 0);
-        QCOMPARE(fm2.presetIndex, 5);
-        QCOMPARE(fm2.btmFreqIdBefore, 5);
-        // Non-positive presets and empty parts are skipped; the values run on across bands.
-        QCOMPARE(QVector<int>(fm0.presets, fm0.presets + 6), (QVector<int>{8750, 9000, 9100, 9200, 9300, 9400}));
-        QCOMPARE(fm1.presets[0], 9500);
-        QCOMPARE(fm1.presets[1], 9600);
-        QCOMPARE(fm1.presets[2], 8750); // untouched region default
-        QCOMPARE(prefs()->bandData(BAND_AM1).currFreqId, 1);
-        QCOMPARE(prefs()->bandData(BAND_AM2).currFreqId, kNoPreset);
-        QCOMPARE(prefs()->bandData(BAND_AM1).presets[1], 603);
-        QCOMPARE(prefs()->bandData(BAND_AM2).currFreq, 1080);
-        QCOMPARE(prefs()->fmStep(), 5);
-        QCOMPARE(prefs()->amMaxFreq(), 1602);
-        QCOMPARE(prefs()->presetIndex(), 0);
-
-        QCOMPARE(state.radioConfValue("Freq/FM0/CurrFreqId").toInt(), 0);
-        QCOMPARE(state.radioConfValue("Freq/FM1/CurrFreqId").toInt(), 6);
-        QCOMPARE(state.radioConfValue("Freq/FM1/preset_1").toInt(), 9600);
-        QVERIFY(!state.radioConfValue("Freq/FM1/preset_2").isValid());
-        QCOMPARE(state.radioConfValue("Freq/AM4/CurrFreq").toInt(), 1080);
+        QTest::addColumn<QVector<int>>("ranges"); // FM max, min, step, AM max, min, step
+        QTest::addColumn<QStringList>("lists");   // band_current_freq, band_position, fm_list, am_list
+        QTest::addColumn<QStringList>("bands");
+        QTest::addColumn<QStringList>("written");
+        QTest::addColumn<QStringList>("warnings");
+        const QVector<int> eur{10800, 8750, 5, 1602, 531, 9};
+        // Preset ids count from 1 (0: none); non-positive presets and empty
+        // parts are skipped, and the presets run on across bands.
+        QTest::newRow("all bands") << eur
+            << QStringList{"9000;9100;9200;999;1080", "1;0;6;;2;0", "8750;;9000;9100;9200;9300;9400;9500;0;-3;9600", "531;603"}
+            << QStringList{"9000 0 0 0 5: 8750 9000 9100 9200 9300 9400", "9100 6 0 0 5: 9500 9600 ANY",
+                           "9200 5 5 5 5: ANY", "999 1 1 1 9: 531 603 ANY", "1080 6 0 0 9: ANY"}
+            << QStringList{"Freq/FM0/CurrFreqId=0", "Freq/FM1/CurrFreqId=6", "Freq/FM1/preset_1=9600", "Freq/FM1/preset_2=",
+                           "Freq/AM4/CurrFreq=1080"}
+            << QStringList();
+        QTest::newRow("fewer band positions: only those bands") << QVector<int>{10790, 8770, 20, 1710, 530, 10}
+            << QStringList{"9000;9100;9200;999;1080", "2;3", "8770;8790", "530"}
+            << QStringList{"9000 1 1 1 20: 8770 8790 ANY", "9100 2 2 2 20: ANY", "8750 6 0 0 5: ANY", "531 6 0 0 9: ANY", "ANY"}
+            << QStringList{"Freq/FM2/CurrFreq="} << QStringList();
+        QTest::newRow("garbage") << eur << QStringList{"x", "junk;99", "98.5;9000", ""}
+            << QStringList{"0 6 0 0 5: 9000 ANY", "ANY 98 0 0 5: ANY", "ANY", "ANY", "ANY"} << QStringList()
+            << QStringList{"band_current_freq x is not a number", "band_position junk is not a number",
+                           "fm_list 98\\.5 is not a number", "has no current frequency"};
     }
 
-    void initWithFewerBandPositionsSetsUpOnlyThoseBands()
+    void initTakesTheServiceLists()
     {
+        QFETCH(QVector<int>, ranges);
+        QFETCH(QStringList, lists);
+        QFETCH(QStringList, bands);
+        QFETCH(QStringList, written);
+        QFETCH(QStringList, warnings);
         TestState state;
-        prefs()->init(10790, 8770, 20, 1710, 530, 10, QStringLiteral("9000;9100;9200;999;1080"),
-                      QStringLiteral("2;3"), QStringLiteral("8770;8790"), QStringLiteral("530"));
-        QCOMPARE(prefs()->bandData(BAND_FM2).step, 20);
-        QCOMPARE(prefs()->bandData(BAND_FM2).currFreqId, 2);
-        QCOMPARE(prefs()->bandData(BAND_FM3).step, 5);    // region default kept
-        QCOMPARE(prefs()->bandData(BAND_AM1).step, 9);    // no AM band set up
-        QCOMPARE(prefs()->bandData(BAND_AM1).currFreq, 531);
-        QVERIFY(!state.radioConfValue("Freq/FM2/CurrFreq").isValid());
-        QCOMPARE(prefs()->presetIndex(), 1);
-    }
-
-    void initSurvivesGarbageLists()
-    {
-        TestState state;
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("band_current_freq x is not a number"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("band_position junk is not a number"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("fm_list 98\\.5 is not a number"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no current frequency"));
-        prefs()->init(10800, 8750, 5, 1602, 531, 9, QStringLiteral("x"), QStringLiteral("junk;99"),
-                      QStringLiteral("98.5;9000"), QString());
-        QCOMPARE(prefs()->bandData(BAND_FM1).currFreq, 0);
-        QCOMPARE(prefs()->bandData(BAND_FM1).currFreqId, kNoPreset);
-        QCOMPARE(prefs()->bandData(BAND_FM2).currFreqId, 98);   // stored as given ...
-        QCOMPARE(prefs()->bandData(BAND_FM2).presetIndex, 0);   // ... but never used as an index
-        QCOMPARE(prefs()->bandData(BAND_FM1).presets[0], 9000);
-        QCOMPARE(prefs()->presetIndex(), 0);
+        for (const QString &warning : warnings)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+        prefs()->init(ranges[0], ranges[1], ranges[2], ranges[3], ranges[4], ranges[5], lists[0], lists[1], lists[2], lists[3]);
+        for (int b = 0; b < kBandCount; ++b) {
+            const Preferences::flagBand &d = prefs()->bandData(Band(b));
+            QString shown = QStringLiteral("%1 %2 %3 %4 %5:").arg(d.currFreq).arg(d.currFreqId).arg(d.presetIndex)
+                                .arg(d.btmFreqIdBefore).arg(d.step);
+            for (const int preset : d.presets)
+                shown += QLatin1Char(' ') + QString::number(preset);
+            // "ANY" ends what a row says of a band.
+            const QString expected = bands.at(b);
+            const int any = expected.indexOf(QLatin1String("ANY"));
+            QCOMPARE(any < 0 ? shown : shown.left(any), any < 0 ? expected : expected.left(any));
+        }
+        QCOMPARE(prefs()->presetIndex(), prefs()->bandData(prefs()->band()).presetIndex);
+        for (const QString &entry : written) {
+            const QString key = entry.section(QLatin1Char('='), 0, 0);
+            QCOMPARE(state.radioConfValue(key).toString(), entry.section(QLatin1Char('='), 1));
+        }
     }
 
     void aftaStateSetsFlagsOfFmPresets()

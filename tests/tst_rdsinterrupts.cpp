@@ -198,7 +198,7 @@ private slots:
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QString>("popup"); // text, or "" for none
         QTest::addColumn<QString>("mcu");   // in short
-        QTest::addColumn<int>("cancels");   // taAlarmCancel(1) calls
+        QTest::addColumn<int>("cancels");   // taAlarmCancel(1) calls; no seek, no tune
         QTest::addColumn<QString>("host");
 
         QTest::newRow("an announcement raises the popup") << "tp3" << "Traffic" << "ch on" << 0 << "";
@@ -211,6 +211,8 @@ private slots:
         QTest::newRow("Cancel on an alarm over an announcement brings it back")
             << "tp3 tp5 tap" << "Traffic" << "ch on on beep off on" << 0 << "";
         QTest::newRow("cancel key on the announcement") << "tp3 key66" << "" << "ch on beep off" << 2 << "1008:5";
+        QTest::newRow("touches on the popup stay there, even over the seek key") << "tp3 touch" << "Traffic" << "ch on" << 0 << "";
+        QTest::newRow("a hidden popup ignores Cancel") << "tp5 hide tap" << "Alarm" << "ch on" << 0 << "";
         QTest::newRow("no popup on AM") << "am tp3" << "" << "ch" << 0 << "";
         QTest::newRow("no popup without AF/TA/TP support") << "nosupport tp3" << "" << "ch" << 0 << "";
     }
@@ -237,6 +239,15 @@ private slots:
                 QVERIFY(player()->interruptPopup());
                 auto *cancel = player()->interruptPopup()->findChild<QAbstractButton *>("Key_0347_cancel");
                 QTest::mouseClick(cancel, Qt::LeftButton);
+            } else if (step == QLatin1String("hide")) {
+                player()->interruptPopup()->hide();
+                player()->interruptPopup()->onInterruptType(INTERRUPT_NONE); // leaves the text as it is
+            } else if (step == QLatin1String("touch")) {
+                QWidget *seek = player()->findChild<QWidget *>("Key_0029_seek_plus");
+                QWindow *window = m_window->screenStack()->windowHandle();
+                QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, seek->mapTo(m_window->screenStack(), seek->rect().center()));
+                QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, QPoint(400, 400));
+                QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, QPoint(400, 200)); // a swipe's length
             } else if (step.startsWith(QLatin1String("key"))) {
                 KeyEvent key(Qx::KeyShortReleased, step.mid(3).toInt());
                 QVERIFY(m_window->sourceKeyEvent(&key));
@@ -246,51 +257,16 @@ private slots:
         c35_011_interrupt_on_tuner *shown = player()->interruptPopup();
         QCOMPARE(shown ? shown->taAlarmText() : QString(), popup);
         if (shown)
-            QVERIFY(shown->isVisible());
+            QCOMPARE(shown->isVisible(), !stepList.contains(QStringLiteral("hide")));
         QCOMPARE(player()->interruptState(), popup.isEmpty() ? 0 : popup == QLatin1String("Alarm") ? 5 : 3);
         QCOMPARE(mcuInShort(), mcu);
-        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter("taAlarmCancel").size(), cancels);
+        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter(QRegularExpression("taAlarmCancel|seek|tune")).size(), cancels);
         QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
         // Whichever page the interrupt left up shows the tuned frequency, not the form's placeholder.
         QWidget *page = player()->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget();
         const auto labels = page->findChildren<QLabel *>(QRegularExpression("^Txt_00(19|35)_rds_freq$"));
         QCOMPARE(labels.size(), 1);
         QCOMPARE(labels.first()->text(), QLatin1String(am ? "999" : "98.10"));
-    }
-
-    // Touches anywhere on the popup stay there, even over the seek key below.
-    void popupKeepsTouchesFromTheScreen()
-    {
-        makeWindow();
-        m_window->start();
-        m_window->onPiTpStatus(3);
-        QVERIFY(player()->interruptPopup());
-        forgetCalls();
-        QWidget *seek = player()->findChild<QWidget *>("Key_0029_seek_plus");
-        const QPoint overSeek = seek->mapTo(m_window->screenStack(), seek->rect().center());
-        QTest::mouseClick(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, overSeek);
-        const QPoint emptyPart(400, 400);
-        QTest::mousePress(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, emptyPart);
-        QTest::mouseRelease(m_window->screenStack()->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(400, 200));
-        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), QStringList());
-        QCOMPARE(mcuCalls(), QStringList());
-    }
-
-    void hiddenPopupIgnoresCancel()
-    {
-        makeWindow();
-        m_window->start();
-        m_window->onPiTpStatus(5);
-        c35_011_interrupt_on_tuner *popup = player()->interruptPopup();
-        QVERIFY(popup);
-        QSignalSpy cancelled(popup, &c35_011_interrupt_on_tuner::cancel);
-        popup->hide();
-        forgetCalls();
-        QTest::mouseClick(popup->findChild<QAbstractButton *>("Key_0347_cancel"), Qt::LeftButton);
-        QCOMPARE(cancelled.count(), 0);
-        QCOMPARE(mcuCalls(), QStringList());
-        popup->onInterruptType(INTERRUPT_NONE); // leaves the text as it is
-        QCOMPARE(popup->taAlarmText(), QStringLiteral("Alarm"));
     }
 
 private:

@@ -59,6 +59,8 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window: create\\(\\) was not called"));
         QCOMPARE(window->mainWidget(), nullptr);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window"));
+        QCOMPARE(window->testAttribute(WA_KeepAlive), false);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window"));
         window->onCreate();
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window"));
         KeyEvent key(Qx::KeyShortReleased, 7);

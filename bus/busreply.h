@@ -93,8 +93,9 @@ public:
     // does not block.
     bool waitUntil(const QDeadlineTimer &deadline);
     // Calls `done` with the getters the service did not answer, in order,
-    // once every reply is in (an error reply is logged and read as T()): at once when they are, else later from the event loop (never
-    // after the batch is destroyed). `done` may end the batch with deleteLater().
+    // once every reply is in: at once when they are, else later from the
+    // event loop (never after the batch is destroyed). An error reply is an
+    // answer; it is logged. `done` may end the batch with deleteLater().
     void whenFinished(std::function<void(const QStringList &failed)> done);
 
     static void forgetUnresponsiveServices();

@@ -229,15 +229,15 @@ bool IniFile::readParsed(QHash<QByteArray, QByteArray> *values)
 
 void IniFile::mergeFromDisk(const Stamp &now)
 {
-    QHash<QByteArray, QByteArray> onDisk;
-    if (!now.exists) {
-        // Everything the tuner knows goes back.
+    if (!now.exists)
         TUNER_WAR() << m_path << "was removed while the tuner ran; written anew.";
+    QHash<QByteArray, QByteArray> onDisk;
+    if (!now.exists || !readParsed(&onDisk) || onDisk.isEmpty()) {
+        // Nothing to keep there (gone, unreadable, emptied or moved aside):
+        // everything the tuner knows goes back.
         m_onDisk.clear();
         return;
     }
-    if (!readParsed(&onDisk) && !m_writable)
-        return;
     QHash<QByteArray, QByteArray> merged = onDisk;
     for (const QByteArray &key : qAsConst(m_changed)) {
         const auto it = m_values.constFind(key);

@@ -501,21 +501,27 @@ private slots:
         QTest::addColumn<Other>("other");
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("warning");
         const auto set = [](const char *key, const char *value) {
             return Other([=](TestState &, const QString &path) { QSettings(path, QSettings::IniFormat).setValue(key, value); });
         };
         const Other remove = [](TestState &, const QString &path) { QVERIFY(QFile::remove(path)); };
-        QTest::newRow("settings.ini: a key added") << false << set("Audio/volume", "7") << "Audio/volume" << "7";
-        QTest::newRow("radio.conf: a key added") << true << set("Media/last", "usb") << "Media/last" << "usb";
+        QTest::newRow("settings.ini: a key added") << false << set("Audio/volume", "7") << "Audio/volume" << "7" << "";
+        QTest::newRow("radio.conf: a key added") << true << set("Media/last", "usb") << "Media/last" << "usb" << "";
         QTest::newRow("radio.conf: a tuner key the tuner did not store again")
-            << true << set("Freq/FM1/preset_2", "9990") << "Freq/FM1/preset_2" << "9990";
-        QTest::newRow("radio.conf: the tuner's later store wins") << true << set("Freq/FM0/CurrFreq", "9000") << "Freq/FM0/CurrFreq" << "8795";
+            << true << set("Freq/FM1/preset_2", "9990") << "Freq/FM1/preset_2" << "9990" << "";
+        QTest::newRow("radio.conf: the tuner's later store wins") << true << set("Freq/FM0/CurrFreq", "9000") << "Freq/FM0/CurrFreq" << "8795" << "";
         QTest::newRow("radio.conf: the tuner-step switch") << true << Other([](TestState &state, const QString &) {
             qputenv("NILO_DIR", (state.root() + QLatin1String("/system")).toUtf8());
             setTunerStep(1);
-        }) << "Tune/TunerStep" << "1";
-        QTest::newRow("radio.conf deleted") << true << remove << "Tune/ta" << "true";
-        QTest::newRow("settings.ini deleted") << false << remove << "Tuner/rdsName" << "N9";
+        }) << "Tune/TunerStep" << "1" << "";
+        QTest::newRow("radio.conf deleted") << true << remove << "Tune/ta" << "true" << "removed while the tuner ran; written anew";
+        QTest::newRow("settings.ini deleted") << false << remove << "Tuner/rdsName" << "N9" << "removed while the tuner ran; written anew";
+        QTest::newRow("radio.conf overwritten with garbage") << true << Other([](TestState &, const QString &path) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            file.write("\x01\x02 not an INI file\n");
+        }) << "Tune/ta" << "true" << "not a valid INI file; moved aside";
     }
 
     void anotherWritersKeysSurvive()
@@ -524,6 +530,7 @@ private slots:
         QFETCH(Other, other);
         QFETCH(QString, key);
         QFETCH(QString, value);
+        QFETCH(QString, warning);
         TestState state;
         const QString path = radioConf ? state.radioConf() : state.settingsIni();
         const auto store = [](int i) {
@@ -534,8 +541,8 @@ private slots:
         };
         store(0);
         other(state, path);
-        if (!QFile::exists(path))
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("removed while the tuner ran; written anew"));
+        if (!warning.isEmpty())
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
         store(0); // values the tuner holds already
         QCOMPARE(QFile::exists(path), true);
         for (int i = 1; i < 10; ++i)

@@ -227,21 +227,30 @@ private slots:
         QCOMPARE(fileIdentity(m_state->radioConf()), before);
     }
 
-    // On a first boot (no radio.conf) against a radio that answers late, the
-    // screen is built before the radio's band is known: it commands no band
-    // until then, and afterwards only the radio's own.
-    void slowRadioAtFirstBootKeepsItsBand()
+    // On a first boot (no radio.conf) the screen commands the radio's own
+    // band only. Against a radio that answers late it is built before that
+    // band is known, and commands none until then.
+    void firstBootCommandsTheRadiosBand_data()
     {
+        QTest::addColumn<int>("delayMs");
+        QTest::newRow("answers at once") << 0;
+        QTest::newRow("answers 600 ms late") << 600;
+    }
+
+    void firstBootCommandsTheRadiosBand()
+    {
+        QFETCH(int, delayMs);
         NiloRadioServiceBackend *radio = m_fakes->radio();
         radio->setAnswers({{"bandId", 1}, {"bandPos", "1;1;1;1;1"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
                            {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9}, {"freqBandId", 1},
                            {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}});
-        radio->setReplyDelay(600);
+        radio->setReplyDelay(delayMs);
         MainWindow window;
         window.onCreate();
         window.screenStack()->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.screenStack()));
-        QCOMPARE(radioCalls().filter("setband"), QStringList());
+        if (delayMs)
+            QCOMPARE(radioCalls().filter("setband"), QStringList());
         // The names come last; with them the stored band is shown again.
         QTRY_VERIFY(!radioCalls().filter("setband").isEmpty());
         QTRY_COMPARE(window.screenStack()->player()->freqValue(), 9450);

@@ -236,45 +236,10 @@ private slots:
         QCOMPARE(bands, (QList<int>{1, 2, 3, 4, 0}));
     }
 
-    // The number key's store, as the 1500 ms hold would: the label shows the
-    // station's name to the left, or its frequency in the centre, even where
-    // a name stood before.
-    void presetKeyLongPressStores_data()
-    {
-        QTest::addColumn<QString>("station");
-        QTest::addColumn<QString>("label");
-        QTest::newRow("named station") << "FFH" << "FFH";
-        QTest::newRow("station without a name") << "" << "100.20";
-    }
-
-    void presetKeyLongPressStores()
-    {
-        QFETCH(QString, station);
-        QFETCH(QString, label);
-        newState();
-        prefs()->saveRdsName(BAND_FM1, 3, QStringLiteral("OLD"));
-        makePlayer(true, false);
-        auto *presetLabel = m_player->findChild<QLabel *>("Txt_0026_f4");
-        QVERIFY(presetLabel->alignment() & Qt::AlignLeft);
-        m_player->setValue(10020);
-        prefs()->setCurRdsName(station);
-        prefs()->setTa(true);
-        QVERIFY(m_player->onIrKeyEvent(37, 1004));
-        QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_3").toInt(), 10020);
-        QCOMPARE(m_state->radioConfValue("Freq/FM0/TA_3").toBool(), true);
-        QVERIFY(m_player->findChild<QAbstractButton *>("Key_0033_p4")->isChecked());
-        QCOMPARE(presetLabel->text(), label);
-        QCOMPARE(bool(presetLabel->alignment() & Qt::AlignHCenter), station.isEmpty());
-        if (!station.isEmpty())
-            QCOMPARE(prefs()->rdsName(BAND_FM1, 3), station);
-    }
-
 private:
-    // `fresh`: on new state; else on the state the test set up.
-    void makePlayer(bool visible = true, bool fresh = true)
+    void makePlayer(bool visible = true)
     {
-        if (fresh)
-            newState();
+        newState();
         m_player = std::make_unique<TunerPlayer>();
         if (visible)
             QVERIFY(shown(m_player));

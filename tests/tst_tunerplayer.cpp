@@ -196,38 +196,64 @@ private slots:
         QCOMPARE(label("Txt_0036_rds_unit")->text(), QStringLiteral("MHz"));
     }
 
+    // A preset held 1500 ms, or its number key (37) held, stores: the label
+    // shows the station's name to the left, or its frequency in the centre,
+    // even where a name stood before. An earlier release recalls.
     void presetHoldStoresAndEarlierReleaseRecalls_data()
     {
-        QTest::addColumn<int>("holdMs"); // 0: released at once
+        QTest::addColumn<QString>("press"); // "touch", "key" or "tap"
+        QTest::addColumn<QString>("station");
         QTest::addColumn<QStringList>("radio");
         QTest::addColumn<QStringList>("mcu");
-        QTest::newRow("hold stores") << 1500 << QStringList{"savePreset(2)"} << QStringList{"triggerBeep(1)"};
-        QTest::newRow("short press recalls") << 0 << QStringList{"setPreset(2)", "setTa(false)", "setAf(true)"} << QStringList{"triggerBeep(0)"};
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("name"); // the preset's name after
+        QTest::newRow("hold stores a named station") << "touch" << "FFH" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "FFH" << "FFH";
+        QTest::newRow("hold stores a station without a name") << "touch" << "" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "94.50" << "";
+        QTest::newRow("number key stores a named station") << "key" << "FFH" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "FFH" << "FFH";
+        QTest::newRow("number key: a station without a name keeps the old one")
+            << "key" << "" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "94.50" << "OLD";
+        QTest::newRow("short press recalls") << "tap" << "" << QStringList{"setPreset(3)", "setTa(false)", "setAf(true)"} << QStringList{"triggerBeep(0)"} << "OLD" << "OLD";
     }
 
     void presetHoldStoresAndEarlierReleaseRecalls()
     {
-        QFETCH(int, holdMs);
+        QFETCH(QString, press);
+        QFETCH(QString, station);
         QFETCH(QStringList, radio);
         QFETCH(QStringList, mcu);
-        makePlayer();
+        QFETCH(QString, label);
+        QFETCH(QString, name);
+        newState();
+        prefs()->saveRdsName(BAND_FM1, 3, QStringLiteral("OLD"));
+        makePlayer(QString(), false);
+        QLabel *presetLabel = this->label("Txt_0026_f4");
+        QVERIFY(presetLabel->alignment() & Qt::AlignLeft);
         m_player->setValue(9450);
-        QAbstractButton *preset = button("Key_0032_p3");
+        prefs()->setCurRdsName(station);
+        prefs()->setTa(true);
+        QAbstractButton *preset = button("Key_0033_p4");
         const QPoint centre = preset->mapTo(m_player.get(), preset->rect().center());
-        QTest::mousePress(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
-        if (holdMs > 0)
-            TUNER_VERIFY_AFTER_PERIOD(holdMs, radioCalls() == radio);
-        QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
+        if (press == QLatin1String("key")) {
+            QVERIFY(m_player->onIrKeyEvent(37, 1004));
+        } else {
+            QTest::mousePress(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
+            if (press == QLatin1String("touch"))
+                TUNER_VERIFY_AFTER_PERIOD(1500, radioCalls() == radio);
+            QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
+        }
         QCOMPARE(radioCalls(), radio); // the release after a store recalls nothing
         QCOMPARE(mcuCalls(), mcu);
         QVERIFY(preset->isChecked());
-        QCOMPARE(prefs()->playFreqId(), 2);
-        if (holdMs > 0) {
-            QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_2").toInt(), 9450);
-            QCOMPARE(label("Txt_0025_f3")->text(), QStringLiteral("94.50"));
-        } else {
-            QCOMPARE(label("Txt_0035_rds_freq")->text(), QStringLiteral("98.00")); // shown at once
+        QCOMPARE(prefs()->playFreqId(), 3);
+        QCOMPARE(presetLabel->text(), label);
+        QCOMPARE(prefs()->rdsName(BAND_FM1, 3), name);
+        if (press == QLatin1String("tap")) {
+            QCOMPARE(this->label("Txt_0035_rds_freq")->text(), QStringLiteral("98.50")); // the preset's, shown at once
+            return;
         }
+        QCOMPARE(bool(presetLabel->alignment() & Qt::AlignHCenter), station.isEmpty());
+        QCOMPARE(m_state->radioConfValue("Freq/FM0/preset_3").toInt(), 9450);
+        QCOMPARE(m_state->radioConfValue("Freq/FM0/TA_3").toBool(), true);
     }
 
     void dragAcrossThePresetsCancelsTheHold()
@@ -495,9 +521,11 @@ private:
     }
     QString page() const { return m_player->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget()->objectName(); }
 
-    void makePlayer(const QString &vehicleKeys = QString())
+    // `fresh`: on new state; else on the state the test set up.
+    void makePlayer(const QString &vehicleKeys = QString(), bool fresh = true)
     {
-        newState(vehicleKeys);
+        if (fresh)
+            newState(vehicleKeys);
         m_player = std::make_unique<TunerPlayer>();
         QVERIFY(shown(m_player));
         forgetCalls();

@@ -11,8 +11,6 @@
 #include "tunerplayer.h"
 #include "tuneroptions.h"
 
-#include <QAbstractButton>
-#include <QLabel>
 #include <QtTest>
 
 using namespace tuner;

@@ -205,6 +205,11 @@ private slots:
         QCOMPARE(read(&inTime), ReplyBatch::kDeadlineMs);
         QVERIFY(inTime);
         QCOMPARE(radio->timeout(), ownTimeout);
+        // Forgotten, a hung owner is waited for again.
+        m_fakes->radio()->setHung(true);
+        QCOMPARE(read(&inTime), -ReplyBatch::kDeadlineMs);
+        ReplyBatch::forgetUnresponsiveServices();
+        QCOMPARE(read(&inTime), -ReplyBatch::kDeadlineMs);
     }
 
 private:

@@ -53,7 +53,10 @@ public:
     }
     // False while the reply is on its way, and when the service never gave
     // one. An error reply is an answer: its value reads as T() (0, false, "").
-    bool answered() const { return m_reply.isFinished() && (!m_reply.isError() || !isUnanswered(m_reply.error().type())); }
+    bool answered() const
+    {
+        return m_reply.isFinished() && (!m_reply.isError() || !isUnanswered(m_reply.error().type()));
+    }
     T value() const { return m_reply.isFinished() && !m_reply.isError() ? m_reply.value() : T(); }
 
 private:

@@ -7,14 +7,14 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <string_view>
-#include <utility>
-#include <vector>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace tuner {
 

@@ -65,7 +65,8 @@ private:
         quint64 inode = 0;
         bool operator==(const Stamp &other) const
         {
-            return exists == other.exists && size == other.size && modifiedNs == other.modifiedNs && inode == other.inode;
+            return exists == other.exists && size == other.size && modifiedNs == other.modifiedNs
+                   && inode == other.inode;
         }
         bool operator!=(const Stamp &other) const { return !(*this == other); }
     };

@@ -77,9 +77,10 @@ void RadioStateRead::readTuning()
     batch->whenFinished([=](const QStringList &failed) {
         warnUnanswered(failed);
         Preferences *p = Preferences::getInstance();
-        const bool tuningRead = bandSwitch.answered() && bandId.answered() && fmList.answered() && amList.answered() && fmMax.answered()
-                                && fmMin.answered() && fmStep.answered() && amMax.answered() && amMin.answered() && amStep.answered()
-                                && bandCurFreq.answered() && bandPos.answered() && local.answered() && regional.answered();
+        const bool tuningRead = bandSwitch.answered() && bandId.answered() && fmList.answered() && amList.answered()
+                                && fmMax.answered() && fmMin.answered() && fmStep.answered() && amMax.answered()
+                                && amMin.answered() && amStep.answered() && bandCurFreq.answered() && bandPos.answered()
+                                && local.answered() && regional.answered();
         if (tuningRead) {
             check::InitData d{bandSwitch.value(), bandId.value(), fmList.value(), amList.value(),
                               fmMax.value(), fmMin.value(), fmStep.value(), amMax.value(), amMin.value(),

@@ -174,6 +174,7 @@ private slots:
             QCOMPARE(int(p->band()), 4);
             QCOMPARE(p->playFreq(), playFreq);
             QCOMPARE(p->favoritAt(2), 999);
+            QCOMPARE(p->presetIndex(), 0); // no preset stored as playing
             QCOMPARE(p->isLocal(), true);
             QCOMPARE(p->regional(), false);
             QCOMPARE(p->ta(), true);

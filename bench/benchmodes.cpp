@@ -437,7 +437,8 @@ int fault(const QString &name)
             if (!QTest::qWaitFor([&] { return !rig.window()->nowPlaying()->serviceName().isEmpty(); }, 5000))
                 return 1;
             std::unique_ptr<QThread> client(QThread::create([] {
-                QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("client"));
+                QDBusConnection bus
+                    = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("client"));
                 for (int i = 0; i < 5000; ++i) {
                     QDBusMessage call = QDBusMessage::createMethodCall(
                         QLatin1String(tuner::NowPlaying::kServiceName), QLatin1String(tuner::NowPlaying::kObjectPath),

@@ -157,23 +157,6 @@ private slots:
         QCOMPARE(getter(*m_proxies), expected);
     }
 
-    // The main window and the tuner screen read about two dozen getters at
-    // start-up; against a hung service each gives up after the bounded timeout.
-    void hungServiceBoundsStartupGetters()
-    {
-        constexpr int kStartupGetters = 24;
-        static_assert(kStartupGetters * tuner::bus::kCallTimeoutMs < 5000,
-                      "start-up against a hung service must stay below five seconds");
-        m_fakes->radio()->setHung(true);
-        m_fakes->radio()->setAnswer(QStringLiteral("fmMaxFreq"), 10800);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("call failed")));
-
-        const QDBusPendingReply<int> reply = m_proxies->radio->fmMaxFreq();
-        QCOMPARE(tuner::bus::replyValue(reply, "test"), 0);
-        QVERIFY(reply.isError());
-        QCOMPARE(m_fakes->radio()->callNames(), QStringList{"fmMaxFreq"});
-    }
-
     // A batch remembers how the service's owner answered: one that let a
     // batch run out is not waited for again and its calls give up sooner;
     // once it answers in time it is waited for as any other.

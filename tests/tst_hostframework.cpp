@@ -171,14 +171,11 @@ private slots:
             QVERIFY2(!Translator::translate(id).isEmpty(), qPrintable(QStringLiteral("text %1 is missing").arg(id)));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("46 has no text in catalogue " + language));
         QCOMPARE(Translator::translate(46), QString());
-    }
-
-    void unknownLanguageKeepsTheCatalogue()
-    {
+        // A language without a catalogue keeps the one in use.
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("xx has no catalogue"));
         QVERIFY(!Translator::setLanguage(QStringLiteral("xx")));
-        QCOMPARE(Translator::language(), QStringLiteral("en"));
-        QCOMPARE(Translator::translate(189), QStringLiteral("Cancel"));
+        QCOMPARE(Translator::language(), language);
+        QCOMPARE(Translator::translate(53), news);
     }
 };
 

@@ -33,7 +33,9 @@ private slots:
         QTest::addColumn<int>("workStatus");
         // shown, hidden (the screen), options, ptylist, search4 and search5
         // (the list or popup on display), popup (a live announcement),
-        // search5-popup, ta-cancelled, alarm
+        // search5-popup, ta-cancelled, alarm; or "<band> lit|stored <preset>",
+        // shown with that preset lit (and stored) or only stored; the window
+        // has no lit buttons and steps from the stored one
         QTest::addColumn<QString>("gate");
         // "taken" or "passed" (consumed or not), the radio calls, then after
         // "|" the MCU calls in short
@@ -117,6 +119,14 @@ private slots:
         QTest::newRow("179 TA off even during an announcement")
             << 179 << Long << 0 << "popup" << "passed rdsCtrl(false,false,false) setTa(false)" << "-";
         QTest::newRow("unknown key") << 999 << Short << 0 << "shown" << "passed" << "passed";
+        // Stepping past the family's last preset changes band: the screen
+        // steps from the lit preset, the window from the stored one.
+        QTest::newRow("next from FM3's last preset to FM1") << 7 << Short << 0 << "FM3 lit 5"
+            << "taken setband(0) " + first << "taken setband(0) setband(0) " + first; // and the page's
+        QTest::newRow("previous from AM1's first preset to AM2") << 45 << Down << 0 << "AM1 stored 0"
+            << "taken setband(4) setPreset(5) | beep" << "taken setband(4) setband(4) setPreset(5) | beep";
+        QTest::newRow("band from FM3 to AM1") << 33 << Short << 0 << "FM3 lit 5" << "taken setband(3)" << "taken setAf(false) setTa(false) setband(3)";
+        QTest::newRow("band from AM2 wraps to FM1") << 33 << Short << 0 << "AM2 stored 0" << "taken setband(0)" << "taken setAf(true) setTa(false) setband(0)";
     }
 
     void keyTable()
@@ -193,47 +203,6 @@ private slots:
         QCOMPARE(mediaPlayer.value(1), QString());
     }
 
-    // The band changes on the lit button; the preset id does not matter.
-    void nextFromTheLastPresetChangesBand()
-    {
-        makePlayer();
-        prefs()->setBand(BAND_FM3);
-        m_player->checkedId(5);
-        forgetCalls();
-        QVERIFY(m_player->onIrKeyEvent(7, 1003));
-        QCOMPARE(int(prefs()->band()), 0);
-        QCOMPARE(prefs()->playFreqId(), 0);
-        const QStringList calls = radioCalls();
-        QVERIFY(calls.indexOf("setband(0)") >= 0);
-        QVERIFY(calls.indexOf("setband(0)") < calls.indexOf("setPreset(0)"));
-    }
-
-    // Stepping down follows the stored preset id.
-    void previousFromTheFirstPresetChangesBand()
-    {
-        makePlayer();
-        prefs()->setBand(BAND_AM1);
-        prefs()->setCurrPlayFreqId(0); // stored, not lit
-        m_fakes->clearCalls();
-        QVERIFY(m_player->onIrKeyEvent(45, 1002));
-        QCOMPARE(int(prefs()->band()), 4);
-        QCOMPARE(prefs()->playFreqId(), 5);
-        QVERIFY(radioCalls().contains("setPreset(5)"));
-        QVERIFY(!radioCalls().contains("setTa(false)")); // AM presets carry no AF/TA
-    }
-
-    void bandKeyCyclesThroughAllBands()
-    {
-        makePlayer();
-        QList<int> bands;
-        for (int i = 0; i < 5; ++i) {
-            QVERIFY(m_player->onIrKeyEvent(33, 1003));
-            m_player->onBandChangState(1); // the service confirms each switch
-            bands.append(prefs()->band());
-        }
-        QCOMPARE(bands, (QList<int>{1, 2, 3, 4, 0}));
-    }
-
 private:
     void makePlayer(bool visible = true)
     {
@@ -263,6 +232,10 @@ private:
         MainWindow window;
         forgetCalls();
         setGate(workStatus, gate);
+        if (const auto [band, preset] = bandAndPreset(gate); band >= 0) {
+            prefs()->setBand(Band(band));
+            prefs()->setCurrPlayFreqId(preset);
+        }
         KeyEvent event(Qx::EventType(phase), key);
         return outcome(window.sourceKeyEvent(&event));
     }
@@ -285,7 +258,12 @@ private:
 
     QString throughTheScreen(int key, int phase, int workStatus, const QString &gate)
     {
-        makePlayer(gate == QLatin1String("shown") || gate == QLatin1String("popup"));
+        const auto [band, preset] = bandAndPreset(gate);
+        makePlayer(gate == QLatin1String("shown") || gate == QLatin1String("popup") || band >= 0);
+        if (band >= 0) {
+            prefs()->setBand(Band(band));
+            gate.contains(QLatin1String(" lit ")) ? m_player->checkedId(preset) : prefs()->setCurrPlayFreqId(preset);
+        }
         if (gate == QLatin1String("options"))
             g_TunerCurDSPL = DisplayOptionList;
         else if (gate.startsWith(QLatin1String("search")))
@@ -299,6 +277,14 @@ private:
         m_player->onWorkStatus(workStatus);
         forgetCalls();
         return outcome(m_player->onIrKeyEvent(key, phase));
+    }
+
+    // "FM3 lit 5": band 2, preset 5; -1 for other gates.
+    static std::pair<int, int> bandAndPreset(const QString &gate)
+    {
+        static const QStringList names{"FM1", "FM2", "FM3", "AM1", "AM2"};
+        const int band = names.indexOf(gate.section(QLatin1Char(' '), 0, 0));
+        return {band, gate.section(QLatin1Char(' '), 2).toInt()};
     }
 
     std::unique_ptr<TunerPlayer> m_player;

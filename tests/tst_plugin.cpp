@@ -70,75 +70,38 @@ private slots:
         loader.unload();
     }
 
-    void interfaceIds()
+    // The host asks by exact key, gets one wrapper per key, and casts it by
+    // interface id.
+    void interfacesByExactKey()
     {
         QCOMPARE(m_plugin->windowInterfaceIDs(), QStringList{"tuner.win"});
         QCOMPARE(m_plugin->sourceInterfaceIDs(), (QStringList{"tuner.src", "ta.src"}));
-    }
+        for (const char *key : {"tuner.win", "TA.SRC", "", "ta.src "})
+            QCOMPARE(m_plugin->requestSourceInterface(QLatin1String(key)), nullptr);
+        for (const char *key : {"Tuner.win", "tuner.src"})
+            QCOMPARE(m_plugin->requestWindowInterface(QLatin1String(key)), nullptr);
 
-    void keysAreExact_data()
-    {
-        QTest::addColumn<bool>("window");
-        QTest::addColumn<QString>("key");
-        QTest::newRow("window key as source") << false << "tuner.win";
-        QTest::newRow("source key as window") << true << "tuner.src";
-        QTest::newRow("upper case source") << false << "TA.SRC";
-        QTest::newRow("upper case window") << true << "Tuner.win";
-        QTest::newRow("empty source") << false << "";
-        QTest::newRow("trailing blank") << false << "ta.src ";
-    }
-
-    void keysAreExact()
-    {
-        QFETCH(bool, window);
-        QFETCH(QString, key);
-        if (window)
-            QCOMPARE(m_plugin->requestWindowInterface(key), nullptr);
-        else
-            QCOMPARE(m_plugin->requestSourceInterface(key), nullptr);
-    }
-
-    void wrappersAreBuiltOnceAndNamed()
-    {
         m_plugin->create();
         SourceInterface *ta = m_plugin->requestSourceInterface(QStringLiteral("ta.src"));
-        QCOMPARE(m_plugin->requestSourceInterface(QStringLiteral("ta.src")), ta);
         SourceInterface *tuner = m_plugin->requestSourceInterface(QStringLiteral("tuner.src"));
+        WindowInterface *window = m_plugin->requestWindowInterface(QStringLiteral("tuner.win"));
+        QCOMPARE(m_plugin->requestSourceInterface(QStringLiteral("ta.src")), ta);
+        QCOMPARE(m_plugin->requestWindowInterface(QStringLiteral("tuner.win")), window);
         QVERIFY(tuner != ta);
         QCOMPARE(ta->name(), QStringLiteral("tunerta"));
         QCOMPARE(tuner->name(), QStringLiteral("tuner"));
-        WindowInterface *window = m_plugin->requestWindowInterface(QStringLiteral("tuner.win"));
-        QCOMPARE(m_plugin->requestWindowInterface(QStringLiteral("tuner.win")), window);
-    }
 
-    // The host casts by interface id: each wrapper answers its own.
-    void interfacesAnswerTheirCasts_data()
-    {
-        QTest::addColumn<QString>("object");
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<bool>("answers");
-        QTest::newRow("plugin") << "plugin" << QByteArray("com.brackel.Plugin.AppPlugin/1.0") << true;
-        QTest::newRow("plugin, not a window") << "plugin" << QByteArray("WindowInterface") << false;
-        QTest::newRow("window") << "window" << QByteArray("com.brackel.Plugin.WindowInterface/1.0") << true;
-        QTest::newRow("tuner source") << "tuner.src" << QByteArray("com.brackel.Plugin.SourceInterface/1.0") << true;
-        QTest::newRow("ta source") << "ta.src" << QByteArray("SourceInterface") << true;
-        QTest::newRow("ta source, not the tuner source") << "ta.src" << QByteArray("tuner::TunerSource") << false;
-    }
-
-    void interfacesAnswerTheirCasts()
-    {
-        QFETCH(QString, object);
-        QFETCH(QByteArray, name);
-        QFETCH(bool, answers);
-        QObject *target = nullptr;
-        if (object == QLatin1String("plugin"))
-            target = m_loader.instance();
-        else if (object == QLatin1String("window"))
-            target = dynamic_cast<QObject *>(m_plugin->requestWindowInterface(QStringLiteral("tuner.win")));
-        else
-            target = dynamic_cast<QObject *>(m_plugin->requestSourceInterface(object));
-        QVERIFY(target);
-        QCOMPARE(target->qt_metacast(name) != nullptr, answers);
+        const std::tuple<QObject *, const char *, bool> casts[] = {
+            {m_loader.instance(), "com.brackel.Plugin.AppPlugin/1.0", true},
+            {m_loader.instance(), "WindowInterface", false},
+            {dynamic_cast<QObject *>(window), "com.brackel.Plugin.WindowInterface/1.0", true},
+            {dynamic_cast<QObject *>(tuner), "com.brackel.Plugin.SourceInterface/1.0", true},
+            {dynamic_cast<QObject *>(ta), "SourceInterface", true},
+            {dynamic_cast<QObject *>(ta), "tuner::TunerSource", false}};
+        for (const auto &[object, name, answers] : casts) {
+            QVERIFY(object);
+            QCOMPARE(object->qt_metacast(name) != nullptr, answers);
+        }
     }
 
     void bothSourcesStartTheTuner()

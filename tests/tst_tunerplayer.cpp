@@ -31,32 +31,6 @@ private slots:
         m_state.reset();
     }
 
-    void displayFormats_data()
-    {
-        QTest::addColumn<int>("destination");
-        QTest::addColumn<int>("band");
-        QTest::addColumn<int>("freq");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("FM step 5 shows two decimals") << 0 << 0 << 8750 << "87.50";
-        QTest::newRow("FM step 10 shows one decimal") << 3 << 0 << 10790 << "107.9";
-        QTest::newRow("FM step 20 shows one decimal") << 1 << 1 << 10170 << "101.7";
-        QTest::newRow("AM in kHz") << 1 << 3 << 1620 << "1620";
-    }
-
-    void displayFormats()
-    {
-        QFETCH(int, destination);
-        QFETCH(int, band);
-        QFETCH(int, freq);
-        QFETCH(QString, shown);
-        makePlayer(QStringLiteral("Destination=%1").arg(destination));
-        prefs()->setBand(Band(band));
-        m_player->updateLabelFreq();
-        m_player->setValue(freq);
-        QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
-        QCOMPARE(m_player->normalValue(freq), shown);
-    }
-
     // The band's edges are the dial's; here the screen's part: tune, beep, and
     // a key that waits for the service to confirm before it takes touches again.
     void manualStepTunesAndWaitsForTheService()
@@ -396,31 +370,37 @@ private slots:
 
     void frequencyReportsAreChecked_data()
     {
+        QTest::addColumn<int>("destination"); // the step sets the decimals
         QTest::addColumn<int>("freq");
         QTest::addColumn<int>("band");
         QTest::addColumn<QString>("warning");
         QTest::addColumn<int>("newBand");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("a station of the band") << 10170 << 0 << "" << 0 << "101.70";
-        QTest::newRow("no band means the current one") << 9870 << -1 << "" << 0 << "98.70";
-        QTest::newRow("zero is invalid") << 0 << 0 << "0 is invaild freq." << 0 << "87.50";
-        QTest::newRow("another FM band becomes current") << 9000 << 2 << "2 is not match current band." << 2 << "90.00";
-        QTest::newRow("an AM frequency on FM") << 999 << 0 << "999 is invaild freq." << 3 << "999";
+        QTest::newRow("FM step 5: two decimals") << 0 << 10170 << 0 << "" << 0 << "101.70";
+        QTest::newRow("FM step 10: one decimal") << 3 << 10790 << 0 << "" << 0 << "107.9";
+        QTest::newRow("FM step 20: one decimal") << 1 << 10170 << 0 << "" << 0 << "101.7";
+        QTest::newRow("AM in kHz, from FM") << 1 << 1620 << 3 << "3 is not match current band." << 3 << "1620";
+        QTest::newRow("no band means the current one") << 0 << 9870 << -1 << "" << 0 << "98.70";
+        QTest::newRow("zero is invalid") << 0 << 0 << 0 << "0 is invaild freq." << 0 << "87.50";
+        QTest::newRow("another FM band becomes current") << 0 << 9000 << 2 << "2 is not match current band." << 2 << "90.00";
+        QTest::newRow("an AM frequency on FM") << 0 << 999 << 0 << "999 is invaild freq." << 3 << "999";
     }
 
     void frequencyReportsAreChecked()
     {
+        QFETCH(int, destination);
         QFETCH(int, freq);
         QFETCH(int, band);
         QFETCH(QString, warning);
         QFETCH(int, newBand);
         QFETCH(QString, shown);
-        makePlayer();
+        makePlayer(QStringLiteral("Destination=%1").arg(destination));
         if (!warning.isEmpty())
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- ") + QRegularExpression::escape(warning)));
         m_player->onFrequencyChanged(freq, band);
         QCOMPARE(int(prefs()->band()), newBand);
         QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
+        QCOMPARE(m_player->normalValue(m_player->freqValue()), shown);
     }
 
     // A preset touched while the store runs is only remembered: at the end

@@ -1,17 +1,13 @@
 // The head-unit framework stand-in, where the tuner relies on its timing or
-// its data: long-press buttons, list scrolling, the theme's images and the
-// text catalogue. What the
-// stand-in merely passes through is not tested again.
+// its data: long-press buttons, the theme's images and the text catalogue
+// (the list scroller is tried through the option list). What the stand-in
+// merely passes through is not tested again.
 
-#include "listviewscroller.h"
 #include "pushbutton.h"
 #include "translator.h"
 
-#include <QListView>
 #include <QPushButton>
 #include <QScopeGuard>
-#include <QScrollBar>
-#include <QStandardItemModel>
 #include <QtTest>
 
 namespace {
@@ -87,50 +83,6 @@ private slots:
         if (!holdLong)
             QCOMPARE(longSpy.count(), 0); // the timer must not fire after a short release
         QCOMPARE((QList<int>{shortSpy.count(), longSpy.count(), releasedSpy.count()}), counts);
-    }
-
-    void listviewScrollerTapSelectsAndReports()
-    {
-        QStandardItemModel model;
-        for (int i = 0; i < 20; ++i)
-            model.appendRow(new QStandardItem(QStringLiteral("row %1").arg(i)));
-        QListView view;
-        view.resize(400, 300);
-        view.setModel(&model);
-        view.setUniformItemSizes(true);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        cm::ListviewScroller scroller(&view);
-        scroller.setSelectModel(view.selectionModel());
-        scroller.setItemHeight(60);
-        QSignalSpy clicked(&scroller, &cm::ListviewScroller::clicked);
-
-        const QRect row3 = view.visualRect(model.index(3, 0));
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, row3.center());
-        QCOMPARE(clicked.count(), 1);
-        QCOMPARE(clicked.first().at(0).toModelIndex().row(), 3);
-        QCOMPARE(view.selectionModel()->currentIndex().row(), 3);
-
-        // Pressing on one row and releasing on another is no tap.
-        QTest::mousePress(view.viewport(), Qt::LeftButton, {}, row3.center());
-        QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, view.visualRect(model.index(5, 0)).center());
-        QCOMPARE(clicked.count(), 1);
-        QCOMPARE(scroller.itemHeight(), 60);
-
-        // A drag moves the list and is no tap either.
-        const auto send = [&](QEvent::Type type, int y, Qt::MouseButtons held) {
-            QMouseEvent event(type, QPoint(200, y), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
-                              Qt::NoModifier);
-            QApplication::sendEvent(view.viewport(), &event);
-        };
-        send(QEvent::MouseButtonPress, 250, Qt::LeftButton);
-        for (int y = 230; y >= 50; y -= 20) {
-            send(QEvent::MouseMove, y, Qt::LeftButton);
-            QTest::qWait(5);
-        }
-        send(QEvent::MouseButtonRelease, 50, Qt::NoButton);
-        QTRY_VERIFY(view.verticalScrollBar()->value() > 0);
-        QCOMPARE(clicked.count(), 1);
     }
 
     // The theme must have an image for every path a form or the code names.

@@ -366,6 +366,8 @@ private slots:
         QTest::newRow("other focus changes are ignored") << "start tp3 focus-3 focus1" << "ch on" << "" << "" << "interrupt=2 ta";
         QTest::newRow("after focus loss an announcement is only noted")
             << "start focus-1 tp3" << "ch" << "terminate()" << "" << "interrupt=2";
+        QTest::newRow("refused focus starts nothing") << "tp3 refused start" << "" << "" << "" << "interrupt=2";
+        QTest::newRow("showing the window starts it") << "tp3 refused start granted show" << "ch on" << "" << "" << "interrupt=2 ta";
     }
 
     void interruptBookkeeping()
@@ -391,6 +393,11 @@ private slots:
                 window->onSourceChange(0, 6);
             } else if (step == QLatin1String("seek")) {
                 window->onWorkStatus(2);
+            } else if (step == QLatin1String("refused") || step == QLatin1String("granted")) {
+                AudioManager::instance()->setFocusResult(step == QLatin1String("refused") ? AudioManager::FocusRefused
+                                                                                         : AudioManager::FocusGranted);
+            } else if (step == QLatin1String("show")) {
+                window->onShow();
             }
         }
         QCOMPARE(mcuInShort(), mcu);
@@ -399,20 +406,6 @@ private slots:
         QCoreApplication::processEvents(); // posted host events
         QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
         QCOMPARE(interruptFlags(), state);
-    }
-
-    void refusedFocusStartsNothing()
-    {
-        auto window = makeWindow();
-        prefs()->setTaAlarmStatus(INTERRUPT_TA);
-        AudioManager::instance()->setFocusResult(AudioManager::FocusRefused);
-        window->start();
-        QVERIFY(!window->isActive());
-        QCOMPARE(mcuCalls(), QStringList());
-        AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
-        window->onShow(); // onShow starts the tuner
-        QVERIFY(window->isActive());
-        QCOMPARE(mcuCalls(), (QStringList{"updateAudioChannel(1)", "updateAudioStatus(7)"}));
     }
 
     void destroyStopsASearchFromTheSearchWindows_data()

@@ -167,9 +167,15 @@ private slots:
         options.show();
         QVERIFY(QTest::qWaitForWindowExposed(&options));
         auto *list = options.findChild<QListView *>("Lst_0016_tuner_option_list");
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(options.model()->index(1, 0)).center());
+        const QPoint local1 = list->visualRect(options.model()->index(1, 0)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, local1);
         QCOMPARE(local.count(), 1);
         QCOMPARE(options.model()->index(1, 0).data(RoleCurrentValue).toString(), QStringLiteral("On"));
+
+        // Released on another row: no tap.
+        QTest::mousePress(list->viewport(), Qt::LeftButton, {}, local1);
+        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, list->visualRect(options.model()->index(2, 0)).center());
+        QCOMPARE(local.count(), 1);
     }
 
     void ptyNameMap_data()
@@ -274,6 +280,21 @@ private slots:
         order.watch(&list, &PTYWidget::PTYSearchName, "PTYSearchName");
         order.watch(&list, &PTYWidget::PTYChecked, "PTYChecked");
         QSignalSpy checked(&list, &PTYWidget::PTYChecked);
+
+        // A drag moves the list and taps nothing, though its row stays under the finger.
+        auto *view = list.findChild<QListView *>();
+        const auto send = [&](QEvent::Type type, int y, Qt::MouseButtons held) {
+            QMouseEvent event(type, QPoint(200, y), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held, {});
+            QApplication::sendEvent(view->viewport(), &event);
+        };
+        send(QEvent::MouseButtonPress, 250, Qt::LeftButton);
+        for (int y = 230; y >= 50; y -= 20) {
+            send(QEvent::MouseMove, y, Qt::LeftButton);
+            QTest::qWait(5);
+        }
+        send(QEvent::MouseButtonRelease, 50, Qt::NoButton);
+        QTRY_VERIFY(view->verticalScrollBar()->value() > 0);
+        QCOMPARE(checked.count(), 0);
         forgetCalls();
         list.onPTYSelected(list.model()->index(3, 0));
         QCOMPARE(order.names(), (QStringList{"PTYSearchName", "PTYChecked"}));

@@ -331,25 +331,16 @@ private slots:
         QCOMPARE(prefs()->favorites(nullptr, 4), 0);
     }
 
-    void bandNameForEveryBand_data()
-    {
-        QTest::addColumn<int>("band");
-        QTest::addColumn<int>("textId");
-        QTest::newRow("band 0") << 0 << 39;
-        QTest::newRow("band 1 reads the second entry") << 1 << 49;
-        QTest::newRow("band 2 past the list") << 2 << 39;
-        QTest::newRow("band 4 past the list") << 4 << 49;
-    }
-
+    // The band name list has two entries: bands past it read it again.
     void bandNameForEveryBand()
     {
-        QFETCH(int, band);
-        QFETCH(int, textId);
         TestState state;
-        prefs()->setBand(Band(band));
-        if (band >= 2)
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no entry in the band name list"));
-        QCOMPARE(prefs()->bandName(), Translator::translate(textId));
+        for (const auto &[band, textId] : {std::pair(0, 39), std::pair(1, 49), std::pair(2, 39), std::pair(4, 49)}) {
+            prefs()->setBand(Band(band));
+            if (band >= 2)
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no entry in the band name list"));
+            QCOMPARE(prefs()->bandName(), Translator::translate(textId));
+        }
     }
 
     void unwritableFolderKeepsTheModel()

@@ -77,9 +77,12 @@ private slots:
     // drifts would compile and never arrive.
     void backendSignalsFollowTheXml()
     {
-        QCOMPARE(ownSignals(NiloRadioServiceBackend::staticMetaObject), ownSignals(NiloRadioServiceAdaptor::staticMetaObject));
-        QCOMPARE(ownSignals(NiloMcuServiceBackend::staticMetaObject), ownSignals(NiloMcuServiceAdaptor::staticMetaObject));
-        QCOMPARE(ownSignals(NiloSourceServiceBackend::staticMetaObject), ownSignals(NiloSourceServiceAdaptor::staticMetaObject));
+        QCOMPARE(ownSignals(NiloRadioServiceBackend::staticMetaObject),
+                 ownSignals(NiloRadioServiceAdaptor::staticMetaObject));
+        QCOMPARE(ownSignals(NiloMcuServiceBackend::staticMetaObject),
+                 ownSignals(NiloMcuServiceAdaptor::staticMetaObject));
+        QCOMPARE(ownSignals(NiloSourceServiceBackend::staticMetaObject),
+                 ownSignals(NiloSourceServiceAdaptor::staticMetaObject));
         QVERIFY(ownSignals(NiloRadioServiceAdaptor::staticMetaObject).contains("stationChanged(int,int)"));
     }
 

@@ -395,7 +395,7 @@ private slots:
                 window->onWorkStatus(2);
             } else if (step == QLatin1String("refused") || step == QLatin1String("granted")) {
                 AudioManager::instance()->setFocusResult(step == QLatin1String("refused") ? AudioManager::FocusRefused
-                                                                                         : AudioManager::FocusGranted);
+                                                                                          : AudioManager::FocusGranted);
             } else if (step == QLatin1String("show")) {
                 window->onShow();
             }

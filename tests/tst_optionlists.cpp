@@ -174,7 +174,8 @@ private slots:
 
         // Released on another row: no tap.
         QTest::mousePress(list->viewport(), Qt::LeftButton, {}, local1);
-        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, list->visualRect(options.model()->index(2, 0)).center());
+        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {},
+                            list->visualRect(options.model()->index(2, 0)).center());
         QCOMPARE(local.count(), 1);
     }
 
@@ -284,7 +285,8 @@ private slots:
         // A drag moves the list and taps nothing, though its row stays under the finger.
         auto *view = list.findChild<QListView *>();
         const auto send = [&](QEvent::Type type, int y, Qt::MouseButtons held) {
-            QMouseEvent event(type, QPoint(200, y), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held, {});
+            QMouseEvent event(type, QPoint(200, y), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
+                              {});
             QApplication::sendEvent(view->viewport(), &event);
         };
         send(QEvent::MouseButtonPress, 250, Qt::LeftButton);

@@ -91,13 +91,13 @@ private slots:
         QCOMPARE(ta->name(), QStringLiteral("tunerta"));
         QCOMPARE(tuner->name(), QStringLiteral("tuner"));
 
-        const std::tuple<QObject *, const char *, bool> casts[] = {
-            {m_loader.instance(), "com.brackel.Plugin.AppPlugin/1.0", true},
-            {m_loader.instance(), "WindowInterface", false},
-            {dynamic_cast<QObject *>(window), "com.brackel.Plugin.WindowInterface/1.0", true},
-            {dynamic_cast<QObject *>(tuner), "com.brackel.Plugin.SourceInterface/1.0", true},
-            {dynamic_cast<QObject *>(ta), "SourceInterface", true},
-            {dynamic_cast<QObject *>(ta), "tuner::TunerSource", false}};
+        const std::tuple<QObject *, const char *, bool> casts[]
+            = {{m_loader.instance(), "com.brackel.Plugin.AppPlugin/1.0", true},
+               {m_loader.instance(), "WindowInterface", false},
+               {dynamic_cast<QObject *>(window), "com.brackel.Plugin.WindowInterface/1.0", true},
+               {dynamic_cast<QObject *>(tuner), "com.brackel.Plugin.SourceInterface/1.0", true},
+               {dynamic_cast<QObject *>(ta), "SourceInterface", true},
+               {dynamic_cast<QObject *>(ta), "tuner::TunerSource", false}};
         for (const auto &[object, name, answers] : casts) {
             QVERIFY(object);
             QCOMPARE(object->qt_metacast(name) != nullptr, answers);

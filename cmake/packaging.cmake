@@ -45,6 +45,29 @@ foreach(component_and_package IN ITEMS "tuner;nilo-tuner" "hostapp;nilo-tuner-de
             DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
 endforeach()
 
+# Started on demand, as a head unit starts its services: a D-Bus activation
+# file for each bus name the simulator and the host app own, naming a systemd
+# user unit (restarted on failure) that runs it. The host app's desktop file
+# names it to desktop shells, and its media player points there.
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(TUNER_PACKAGED_BINDIR ${CPACK_PACKAGING_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR})
+set(TUNER_PACKAGED_DOCDIR ${CPACK_PACKAGING_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/doc/nilo-tuner-devtools)
+foreach(service com.nilo.mcu com.nilo.system nilo.TunerHost nilo-sim nilo-tuner-host)
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/services/${service}.service.in
+                   ${PROJECT_BINARY_DIR}/packaging/services/${service}.service @ONLY)
+endforeach()
+install(FILES ${PROJECT_BINARY_DIR}/packaging/services/com.nilo.mcu.service
+              ${PROJECT_BINARY_DIR}/packaging/services/com.nilo.system.service
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services COMPONENT sim)
+install(FILES ${PROJECT_BINARY_DIR}/packaging/services/nilo.TunerHost.service
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services COMPONENT hostapp)
+install(FILES ${PROJECT_BINARY_DIR}/packaging/services/nilo-sim.service
+        DESTINATION lib/systemd/user COMPONENT sim)
+install(FILES ${PROJECT_BINARY_DIR}/packaging/services/nilo-tuner-host.service
+        DESTINATION lib/systemd/user COMPONENT hostapp)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/nilo-tuner-host.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT hostapp)
+
 set(CPACK_PACKAGE_NAME nilo-tuner)
 set(CPACK_PACKAGE_VERSION ${TUNER_PACKAGE_VERSION})
 set(CPACK_PACKAGE_VENDOR "Nilo")

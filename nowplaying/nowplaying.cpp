@@ -3,8 +3,11 @@
 #include "mpris_player_adaptor.h"
 #include "mpris_root_adaptor.h"
 #include "preferences.h"
+#include "settingsutil.h"
 #include "shownstation.h"
+#include "translator.h"
 #include "tunerlog.h"
+#include "tuneroptions.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -184,18 +187,35 @@ void NowPlaying::publish()
     QDBusConnection::sessionBus().send(signal);
 }
 
+// The host application's desktop file, by which desktop shells name the
+// player and raise its window.
+QString NowPlaying::desktopEntry() const
+{
+    const QCoreApplication *app = QCoreApplication::instance();
+    if (!app)
+        return QString();
+    const QString desktopFile = app->property("desktopFileName").toString();
+    return desktopFile.isEmpty() ? QCoreApplication::applicationName() : desktopFile;
+}
+
+// Typed as MPRIS types them (artist and genre are lists of strings): the
+// Bluetooth bridge drops a whole update with one key of another type.
 QVariantMap NowPlaying::currentMetadata() const
 {
     const Preferences *p = prefs();
     const int band = p->band();
     const int freq = p->playFreq();
     const QString bandName = QLatin1String(Preferences::isValidBand(band) ? kBandNames[band] : "FM1");
+    const int ptyText = ptyTextId(cm::SettingsUtil::instance()->getRdsSupport(), p->PTYtype());
     return {
         {QStringLiteral("mpris:trackid"),
          QVariant::fromValue(
              QDBusObjectPath(QStringLiteral("/org/nilo/tuner/station/%1/%2").arg(bandName).arg(qMax(freq, 0))))},
         {QStringLiteral("xesam:title"), m_shown.title()},
+        {QStringLiteral("xesam:artist"),
+         QStringList{(bandName + QLatin1Char(' ') + m_shown.frequencyAndUnit()).trimmed()}},
         {QStringLiteral("xesam:album"), bandName},
+        {QStringLiteral("xesam:genre"), ptyText ? QStringList{Translator::translate(ptyText)} : QStringList()},
         {QStringLiteral("nilo:frequency"), freq},
         {QStringLiteral("nilo:band"), band},
         {QStringLiteral("nilo:programmeType"), p->PTYtype()},

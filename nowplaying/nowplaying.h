@@ -29,6 +29,7 @@ class NowPlaying : public QObject, protected QDBusContext
     Q_PROPERTY(bool CanRaise READ no)
     Q_PROPERTY(bool HasTrackList READ no)
     Q_PROPERTY(QString Identity READ identity)
+    Q_PROPERTY(QString DesktopEntry READ desktopEntry)
     Q_PROPERTY(QStringList SupportedUriSchemes READ none)
     Q_PROPERTY(QStringList SupportedMimeTypes READ none)
     // org.mpris.MediaPlayer2.Player
@@ -103,6 +104,7 @@ private:
     double one() const { return 1.0; }
     void ignore(double) {}
     QString identity() const { return QStringLiteral("Nilo tuner"); }
+    QString desktopEntry() const;
     QStringList none() const { return {}; }
     qlonglong position() const { return 0; }
 

@@ -90,7 +90,4 @@ private:
     bool m_ptyItemInitialised = false;
 };
 
-// PTY code to translator text id under RDS (1) or RBDS (2); 0 when none.
-int ptyTextId(int rdsSupport, int code);
-
 } // namespace tuner

@@ -2,12 +2,12 @@
 
 #include "listviewscroller.h"
 #include "mcumanager.h"
-#include "optionwidget.h"
 #include "preferences.h"
 #include "pushbutton.h"
 #include "settingsutil.h"
 #include "theme.h"
 #include "translator.h"
+#include "tuneroptions.h"
 #include "ui_c20_026_pty_list.h"
 
 #include <QPainter>

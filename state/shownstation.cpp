@@ -25,13 +25,16 @@ void ShownStation::setName(const QString &name)
     update(m_name, name);
 }
 
-QString ShownStation::title() const
+QString ShownStation::frequencyAndUnit() const
 {
-    if (!m_name.trimmed().isEmpty())
-        return m_name;
     if (m_unit.isEmpty())
         return m_frequency;
     return m_frequency + QLatin1Char(' ') + m_unit;
+}
+
+QString ShownStation::title() const
+{
+    return m_name.trimmed().isEmpty() ? frequencyAndUnit() : m_name;
 }
 
 } // namespace tuner

@@ -22,6 +22,8 @@ public:
     QString frequency() const { return m_frequency; }
     QString unit() const { return m_unit; }
     QString name() const { return m_name; }
+    // "94.50 MHz": the frequency with its unit.
+    QString frequencyAndUnit() const;
     // The name when one is shown, else the frequency with its unit.
     QString title() const;
 

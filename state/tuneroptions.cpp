@@ -13,4 +13,23 @@ tagTunerOpItem_T tunerOpItems[kOptionItemCount] = {
 
 int g_TunerCurDSPL = 0;
 
+int ptyTextId(int rdsSupport, int code)
+{
+    if (rdsSupport == 1)
+        return code >= 1 && code <= 29 ? 52 + code : 0;
+    if (rdsSupport != 2)
+        return 0;
+    if (code == 1)
+        return 53;
+    if (code == 2)
+        return 55;
+    if (code >= 3 && code <= 23)
+        return 79 + code;
+    if (code >= 24 && code <= 26)
+        return 107 + code - 24;
+    if (code == 29)
+        return 103;
+    return 0; // 27 and 28 have no RBDS name
+}
+
 } // namespace tuner

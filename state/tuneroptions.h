@@ -39,6 +39,9 @@ enum TunerDisplay {
     DisplayPtySearchEnded = 5,
 };
 
+// PTY code to translator text id under RDS (1) or RBDS (2); 0 when none.
+int ptyTextId(int rdsSupport, int code);
+
 // Rewrites the radio configuration below NILO_DIR (or beside the program)
 // with the named region's variant `step` (0 or 1).
 Q_DECL_EXPORT void setTunerStep(int step);

@@ -318,7 +318,8 @@ private slots:
             QCOMPARE(playerctl({"-p", "nilo_tuner", step}), QString());
             QTRY_VERIFY_WITH_TIMEOUT(widget(presets.at(lit)).value("checked").toBool(), 10000);
             QVERIFY(agreeSteadily());
-            QCOMPARE(playerctl({"-p", "nilo_tuner", "metadata", "xesam:album"}), QStringLiteral("FM1"));
+            QCOMPARE(playerctl({"-p", "nilo_tuner", "metadata", "xesam:artist"}),
+                     QStringLiteral("FM1 ") + text(QStringLiteral("Txt_0035_rds_freq")) + QStringLiteral(" MHz"));
         }
         QCOMPARE(simLog().count("mcu: triggerBeep"), beeps);
     }

@@ -90,3 +90,44 @@ echo "$output" | grep -F "Screenshot saved to $frame"
 # A frame that shows the tuner, not an empty window: the images are there.
 [ "$(stat -c %s "$frame")" -gt 20000 ] || { echo "FAIL: the frame is nearly empty"; exit 1; }
 echo "The installed tuner ran from $root"
+
+# What desktops and systemd read: the host app's desktop file, and the user
+# units as systemd-analyze checks them (any remark fails; their programs
+# pointed into the scratch root, where they are).
+desktop-file-validate "$root/usr/share/applications/nilo-tuner-host.desktop"
+mkdir -p "$scratch/units" "$scratch/services"
+for unit in "$root"/usr/lib/systemd/user/*.service; do
+    sed "s|=/usr/|=$root/usr/|" "$unit" >"$scratch/units/$(basename "$unit")"
+done
+remarks=$(systemd-analyze verify --user "$scratch"/units/*.service 2>&1) || true
+[ -z "$remarks" ] || { echo "FAIL: systemd-analyze verify: $remarks"; exit 1; }
+echo "units verified: $(cd "$scratch/units" && echo *.service)"
+
+# Started on demand: a private bus whose service folder holds the installed
+# activation files (their Exec lines pointed into the scratch root) starts
+# the simulator when the radio service is called, and the host app when its
+# automation is. Nothing is started by hand.
+for file in "$root"/usr/share/dbus-1/services/*.service; do
+    sed "s|^Exec=/|Exec=$root/|" "$file" >"$scratch/services/$(basename "$file")"
+done
+cat >"$scratch/bus.conf" <<EOF
+<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:tmpdir=$scratch</listen>
+  <servicedir>$scratch/services</servicedir>
+  <auth>EXTERNAL</auth>
+  <policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy>
+</busconfig>
+EOF
+output=$(dbus-run-session --config-file="$scratch/bus.conf" -- bash -c '
+    call() { dbus-send --session --print-reply --reply-timeout=20000 "$@"; }
+    owner() { call --dest=org.freedesktop.DBus / org.freedesktop.DBus.GetConnectionUnixProcessID "string:$1" | awk "/uint32/ { print \$2 }"; }
+    trap "kill \$(owner nilo.TunerHost) \$(owner com.nilo.mcu) 2>/dev/null" EXIT
+    call --dest=com.nilo.mcu /RadioService nilo.RadioService.fmMaxFreq
+    call --dest=nilo.TunerHost /Host nilo.TunerHost.widgets
+' 2>&1) || { echo "$output"; exit 1; }
+echo "$output" | grep -q "int32 10800" || { echo "FAIL: the activated simulator did not answer: $output"; exit 1; }
+echo "$output" | grep -q "Txt_0035_rds_freq" || { echo "FAIL: the activated host app did not answer: $output"; exit 1; }
+echo "The simulator and the host app started on demand from their activation files"

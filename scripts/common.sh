@@ -10,8 +10,8 @@ TUNER_PACKAGES=(
     fonts-dejavu-core fonts-dejavu-extra
     dpkg-dev file lintian
     xvfb xauth xdotool
-    weston qtwayland5
-    playerctl
+    weston qtwayland5 x11-apps
+    playerctl desktop-file-utils systemd
 )
 
 # Installs the packages that are missing (needs root, as on the head-unit build

@@ -3,8 +3,10 @@
 # the plug-in, together on a private session bus. With a display it opens the
 # 800 x 480 window; without one it saves a screenshot and says where. With
 # --wayland the host app is a client of weston (kiosk-shell) instead, nested in
-# the desktop's X session, or in a virtual X server when there is no display.
-#   scripts/run-tuner.sh [--wayland] [--screenshot FILE] [extra nilo-tuner-host options]
+# the desktop's X session, or in a virtual X server when there is no display;
+# with --wayland=ivi weston runs ivi-shell with hmi-controller, and the tuner's
+# surface id is QT_IVI_SURFACE_ID (default 8000; see scripts/in-weston.sh).
+#   scripts/run-tuner.sh [--wayland[=ivi]] [--screenshot FILE] [extra nilo-tuner-host options]
 # State (radio.conf, settings.ini, the simulator's presets) lives in .tuner-state/.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -35,6 +37,8 @@ host_args=()
 for arg in "$@"; do
     if [ "$arg" = "--wayland" ]; then
         wrapper=("$TUNER_SRC/scripts/in-weston.sh")
+    elif [ "$arg" = "--wayland=ivi" ]; then
+        wrapper=("$TUNER_SRC/scripts/in-weston.sh" --ivi)
     else
         host_args+=("$arg")
     fi

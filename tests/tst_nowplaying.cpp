@@ -77,26 +77,13 @@ public:
     {
         return qdbus_cast<QVariantMap>(last(QStringLiteral("Metadata"))).value(QLatin1String(key));
     }
-    // The D-Bus type of each Metadata value, as a client on the wire reads it.
-    QMap<QString, QString> metadataTypes()
+    // The D-Bus type of each value of the last Metadata announced.
+    QMap<QString, QString> metadataTypes() const
     {
-        const QDBusMessage reply = callOn(QLatin1String(kProperties), QStringLiteral("Get"),
-                                          {QLatin1String(kPlayer), QStringLiteral("Metadata")});
-        const QDBusArgument map = qdbus_cast<QDBusVariant>(reply.arguments().value(0)).variant().value<QDBusArgument>();
         QMap<QString, QString> types;
-        map.beginMap();
-        while (!map.atEnd()) {
-            QString key;
-            QDBusVariant value;
-            map.beginMapEntry();
-            map >> key >> value;
-            map.endMapEntry();
-            const QVariant v = value.variant();
-            types.insert(key, v.userType() == qMetaTypeId<QDBusArgument>()
-                                  ? v.value<QDBusArgument>().currentSignature()
-                                  : QString::fromLatin1(QDBusMetaType::typeToSignature(v.userType())));
-        }
-        map.endMap();
+        const QVariantMap metadata = qdbus_cast<QVariantMap>(last(QStringLiteral("Metadata")));
+        for (auto it = metadata.cbegin(); it != metadata.cend(); ++it) // arrays other than "as" stay QDBusArgument
+            types.insert(it.key(), QString::fromLatin1(QDBusMetaType::typeToSignature(it.value().userType())));
         return types;
     }
 

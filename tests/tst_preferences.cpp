@@ -55,6 +55,13 @@ private slots:
         QTest::newRow("rds name, one key for all presets")
             << Action([](Preferences *p) { p->saveRdsName(BAND_AM1, 2, QStringLiteral("NDR 2")); })
             << "Tuner/rdsName" << "NDR 2";
+        // Names are stored so that QSettings reads them back as they were.
+        const auto name = [](const QString &text) {
+            return Action([text](Preferences *p) { p->saveRdsName(BAND_FM1, 0, text); });
+        };
+        for (const QString &text : {QStringLiteral("a,b;c=d"), QStringLiteral("\"x\" \\y"), QStringLiteral(" NDR 2 "),
+                                    QStringLiteral("@home"), QString::fromUtf8("Ö3 Bayern 1"), QString()})
+            QTest::addRow("name [%s]", qPrintable(text)) << name(text) << "Tuner/rdsName" << text;
     }
 
     void persistingSetterWritesAtOnce()
@@ -310,24 +317,21 @@ private slots:
         QVERIFY(!QFile::exists(state.radioConf()));
     }
 
+    // The 18 presets of the family from its first band, even on AM (12 presets).
     void favoritesCountsEighteenEvenForAm()
     {
         TestState state;
         int out[50];
-        std::fill(std::begin(out), std::end(out), -7);
-        QCOMPARE(prefs()->favorites(out, 50), 18);
-        QCOMPARE(out[0], 8750);
-        QCOMPARE(out[6], 8750);
-        QCOMPARE(out[18], -7);
-
+        const auto favorites = [&](int size) {
+            std::fill(std::begin(out), std::end(out), -7);
+            return prefs()->favorites(out, size);
+        };
+        QCOMPARE(favorites(50), 18);
+        QCOMPARE((QList<int>{out[0], out[6], out[18]}), (QList<int>{8750, 8750, -7}));
         prefs()->setBand(BAND_AM2);
-        std::fill(std::begin(out), std::end(out), -7);
-        QCOMPARE(prefs()->favorites(out, 50), 18);
-        QCOMPARE(out[0], 531);
-        QCOMPARE(out[5], 1602);
-        QCOMPARE(out[11], 531);
-        QCOMPARE(out[12], -7);
-        QCOMPARE(prefs()->favorites(out, 4), 4);
+        QCOMPARE(favorites(50), 18);
+        QCOMPARE((QList<int>{out[0], out[5], out[11], out[12]}), (QList<int>{531, 1602, 531, -7}));
+        QCOMPARE(favorites(4), 4);
         QCOMPARE(prefs()->favorites(nullptr, 4), 0);
     }
 
@@ -343,40 +347,31 @@ private slots:
         }
     }
 
-    void unwritableFolderKeepsTheModel()
-    {
-        TestState state;
-        // "system" is a file, so the configuration's folder cannot be made.
-        QFile blocker(state.root() + QLatin1String("/system"));
-        QVERIFY(blocker.open(QIODevice::WriteOnly));
-        blocker.close();
-        Preferences::resetInstance();
-
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot be created"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("keeps its changes in memory"));
-        prefs()->setFavoriteFreq(1, 9000);
-        prefs()->flush();
-        QCOMPARE(prefs()->favoritAt(1), 9000);
-    }
-
     void oddFilesAreLeftAlone_data()
     {
         QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("warning");
-        QTest::newRow("FIFO: never opened") << "fifo" << "is not a regular file";
-        QTest::newRow("folder in its place") << "folder" << "is not a regular file";
-        QTest::newRow("2 MB") << "huge" << "is too large";
+        QTest::addColumn<QStringList>("warnings");
+        QTest::newRow("FIFO: never opened") << "fifo" << QStringList{"is not a regular file"};
+        QTest::newRow("folder in its place") << "folder" << QStringList{"is not a regular file"};
+        QTest::newRow("2 MB") << "huge" << QStringList{"is too large"};
+        QTest::newRow("a file where its folder belongs")
+            << "blocked" << QStringList{"cannot be created", "keeps its changes in memory"};
     }
 
     void oddFilesAreLeftAlone()
     {
         QFETCH(QString, kind);
-        QFETCH(QString, warning);
+        QFETCH(QStringList, warnings);
         constexpr int kHuge = 2 * 1024 * 1024;
         TestState state;
         const QString path = state.radioConf();
         QDir().mkpath(QFileInfo(path).absolutePath());
-        if (kind == QLatin1String("fifo")) {
+        if (kind == QLatin1String("blocked")) { // "system" is a file: the configuration's folder cannot be made
+            QDir(state.root() + QLatin1String("/system")).removeRecursively();
+            QFile blocker(state.root() + QLatin1String("/system"));
+            QVERIFY(blocker.open(QIODevice::WriteOnly));
+            Preferences::resetInstance();
+        } else if (kind == QLatin1String("fifo")) {
             QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
         } else if (kind == QLatin1String("folder")) {
             QVERIFY(QDir().mkpath(path));
@@ -385,12 +380,13 @@ private slots:
             QVERIFY(file.open(QIODevice::WriteOnly));
             file.write(QByteArray(kHuge, 'x'));
         }
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+        for (const QString &warning : warnings)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
         prefs()->setFavoriteFreq(3, 9900);
         prefs()->flush();
         QCOMPARE(prefs()->favoritAt(3), 9900); // the model takes it either way
         const QFileInfo info(path);
-        QVERIFY(info.exists());
+        QCOMPARE(info.exists(), kind != QLatin1String("blocked"));
         QCOMPARE(info.isDir(), kind == QLatin1String("folder"));
         QCOMPARE(info.isFile() ? info.size() : 0, kind == QLatin1String("huge") ? kHuge : 0);
         QVERIFY(!QFile::exists(path + QLatin1String(".corrupt")));
@@ -541,25 +537,6 @@ private slots:
         QCOMPARE(QSettings(path, QSettings::IniFormat).value(key).toString(), value);
         QCOMPARE(state.radioConfValue("Freq/FM0/CurrFreq").toInt(), 8795);
         QCOMPARE(state.settingsValue("Tuner/rdsName").toString(), QStringLiteral("N9"));
-    }
-
-    void namesAreStoredAsQSettingsReadsThem_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("separators") << "a,b;c=d";
-        QTest::newRow("quotes and backslash") << "\"x\" \\y";
-        QTest::newRow("blanks at the ends") << " NDR 2 ";
-        QTest::newRow("leading @") << "@home";
-        QTest::newRow("umlaut and digits after it") << QString::fromUtf8("Ö3 Bayern 1");
-        QTest::newRow("empty") << "";
-    }
-
-    void namesAreStoredAsQSettingsReadsThem()
-    {
-        QFETCH(QString, name);
-        TestState state;
-        prefs()->saveRdsName(BAND_FM1, 0, name);
-        QCOMPARE(state.settingsValue("Tuner/rdsName").toString(), name);
     }
 };
 

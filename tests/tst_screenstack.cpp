@@ -35,15 +35,6 @@ private slots:
         m_state.reset();
     }
 
-    void startsOnThePlayerAndSwallowsLanguageChanges()
-    {
-        QCOMPARE(g_TunerCurDSPL, 1);
-        QVERIFY(m_stack->player()->isVisible());
-        QVERIFY(!m_stack->optionList() && !m_stack->ptyList() && !m_stack->searchPopup());
-        QEvent change(QEvent::LanguageChange);
-        QVERIFY(QCoreApplication::sendEvent(m_stack.get(), &change)); // swallowed
-    }
-
     void aRunningSearchComesBackWithTheWindow()
     {
         m_stack.reset();
@@ -56,8 +47,15 @@ private slots:
         QVERIFY(m_stack->player()->isHidden());
     }
 
-    void optionListIsRebuiltEachTime()
+    void optionListIsRebuiltPtyListKept()
     {
+        // It starts on the player and swallows language changes.
+        QCOMPARE(g_TunerCurDSPL, 1);
+        QVERIFY(m_stack->player()->isVisible());
+        QVERIFY(!m_stack->optionList() && !m_stack->ptyList() && !m_stack->searchPopup());
+        QEvent change(QEvent::LanguageChange);
+        QVERIFY(QCoreApplication::sendEvent(m_stack.get(), &change));
+
         m_stack->onShowOptionWnd();
         QPointer<OptionWidget> first = m_stack->optionList();
         QVERIFY(first && first->isVisible());
@@ -70,10 +68,8 @@ private slots:
         emit m_stack->optionList()->backTunerPlayer();
         QCOMPARE(g_TunerCurDSPL, 1);
         QVERIFY(!m_stack->optionList());
-    }
 
-    void ptyListIsKept()
-    {
+        // The PTY list, unlike the option list, is kept.
         m_stack->onShowPTYWdiget();
         PTYWidget *list = m_stack->ptyList();
         QVERIFY(list && list->isVisible());

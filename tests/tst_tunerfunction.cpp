@@ -13,18 +13,11 @@ using namespace tuner;
 using Action = std::function<void(tunerfunction *)>;
 Q_DECLARE_METATYPE(Action)
 
-namespace {
-
-tunerfunction *keys()
-{
-    return tunerfunction::Instance();
-}
-
-} // namespace
-
 class tst_TunerFunction : public QObject, private TunerFixture
 {
     Q_OBJECT
+
+    static tunerfunction *keys() { return tunerfunction::Instance(); }
 
 private slots:
     void init()
@@ -77,6 +70,16 @@ private slots:
         QTest::newRow("band while seeking stops first") << band << 2 << 6 << QStringList{"terminate()", "setband(1)"};
         QTest::newRow("band during PTY search 4 just changes") << band << 4 << 6 << QStringList{"setband(1)"};
         QTest::newRow("band while PTY state 3 only stops") << band << 0 << 3 << stop;
+        const auto notAPreset = [](const char *number, Action action) {
+            return Action([=](tunerfunction *f) {
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QLatin1String(number) + " is not a preset"));
+                action(f);
+            });
+        };
+        QTest::newRow("select 9 sends nothing")
+            << notAPreset("9", [](tunerfunction *f) { f->presetSelect(9); }) << 0 << 6 << QStringList();
+        QTest::newRow("store -1 sends nothing")
+            << notAPreset("-1", [](tunerfunction *f) { f->savePreset(-1); }) << 0 << 6 << QStringList();
     }
 
     void actionsAreGatedByWorkState()
@@ -128,6 +131,10 @@ private slots:
 
         prefs()->setBand(Band(band));
         prefs()->setCurrPlayFreqId(preset);
+        prefs()->setRdsStatus(3);
+        prefs()->setCurRdsName(QStringLiteral("NDR 2"));
+        prefs()->setTaStatus(true);
+        prefs()->setAlarmStatus(true);
         m_fakes->clearCalls();
         up ? keys()->presetUP() : keys()->presetDown();
 
@@ -138,28 +145,13 @@ private slots:
         QCOMPARE(calls.contains(QStringLiteral("setband(%1)").arg(newBand)), newBand != band);
         if (!recordedKey.isEmpty())
             QCOMPARE(m_state->radioConfValue(recordedKey).toInt(), recorded);
-        // AM presets carry no AF/TA.
-        QCOMPARE(calls.contains(QStringLiteral("setTa(false)")), Preferences::isFmBand(newBand));
-    }
-
-    void presetStepOnFmClearsRdsAndInterruptState()
-    {
-        prefs()->setRdsStatus(3);
-        prefs()->setCurRdsName(QStringLiteral("NDR 2"));
-        prefs()->setTaStatus(true);
-        prefs()->setAlarmStatus(true);
-        keys()->presetUP();
-        QCOMPARE(prefs()->rdsState(), 0);
-        QCOMPARE(prefs()->curRdsName(), QString());
-        QCOMPARE(prefs()->taStatus(), false);
-        QCOMPARE(prefs()->alarmStatue(), false);
-
-        prefs()->setBand(BAND_AM1);
-        prefs()->setRdsStatus(3);
-        prefs()->setTaStatus(true);
-        keys()->presetUP();
-        QCOMPARE(prefs()->rdsState(), 3);
-        QCOMPARE(prefs()->taStatus(), true);
+        // AM presets carry no AF/TA; a step on FM ends the station's RDS and interrupt state.
+        const bool fm = Preferences::isFmBand(band);
+        QCOMPARE(calls.contains(QStringLiteral("setTa(false)")), fm);
+        QCOMPARE(prefs()->rdsState(), fm ? 0 : 3);
+        QCOMPARE(prefs()->curRdsName().isEmpty(), fm);
+        QCOMPARE(prefs()->taStatus(), !fm);
+        QCOMPARE(prefs()->alarmStatue(), !fm);
     }
 
     void changBandCyclesAllFiveBands()
@@ -294,16 +286,6 @@ private slots:
         QCOMPARE(prefs()->bandData(BAND_FM2).currFreqId, kNoPreset);
         QCOMPARE(prefs()->bandData(BAND_AM1).currFreqId, 2);
         QCOMPARE(m_state->radioConfValue("Freq/FM2/CurrFreqId").toInt(), kNoPreset);
-    }
-
-    void badPresetNumbersSendNothing()
-    {
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("9 is not a preset"));
-        keys()->presetSelect(9);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("-1 is not a preset"));
-        keys()->savePreset(-1);
-        QCOMPARE(radioCalls(), QStringList());
-        QCOMPARE(prefs()->playFreqId(), kNoPreset);
     }
 };
 

@@ -255,25 +255,16 @@ private slots:
         QCOMPARE(label("Txt_0472_f13")->text(), QStringLiteral("87.50")); // FM3's presets too
     }
 
-    void amPagesAcceptPageOrBand_data()
-    {
-        QTest::addColumn<int>("argument");
-        QTest::addColumn<int>("band");
-        QTest::newRow("page 0") << 0 << 3;
-        QTest::newRow("band 3") << 3 << 3;
-        QTest::newRow("page 1") << 1 << 4;
-        QTest::newRow("band 4") << 4 << 4;
-    }
-
+    // The AM scroller reports its page (0, 1), a band key its band (3, 4).
     void amPagesAcceptPageOrBand()
     {
-        QFETCH(int, argument);
-        QFETCH(int, band);
-        makePlayer();
-        m_player->onUpdateNavigationIcon_AM(argument);
-        QCOMPARE(int(prefs()->band()), band);
-        QCOMPARE(int(prefs()->band_AM()), band);
-        QCOMPARE(radioCalls(), QStringList{QStringLiteral("setband(%1)").arg(band)});
+        for (const auto &[argument, band] : {std::pair(0, 3), std::pair(3, 3), std::pair(1, 4), std::pair(4, 4)}) {
+            makePlayer();
+            m_player->onUpdateNavigationIcon_AM(argument);
+            QCOMPARE(int(prefs()->band()), band);
+            QCOMPARE(int(prefs()->band_AM()), band);
+            QCOMPARE(radioCalls(), QStringList{QStringLiteral("setband(%1)").arg(band)});
+        }
     }
 
     // Every work status on either family, with the vehicle's RDS switch:

@@ -50,6 +50,10 @@ bool ChildProcess::start(const QString &program, const QStringList &arguments, O
         if (output == Output::MergedCaptured)
             posix_spawn_file_actions_adddup2(&actions, outputPipe[1], STDERR_FILENO);
     }
+    const QByteArray errorFile = QFile::encodeName(m_errorFile);
+    if (!errorFile.isEmpty())
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errorFile.constData(), O_WRONLY | O_CREAT | O_TRUNC,
+                                         0644);
     // dup2 onto itself clears close-on-exec: the child keeps the write end
     // until it (and the emulator around it) ends, which tells waitForFinished.
     posix_spawn_file_actions_adddup2(&actions, lifelinePipe[1], lifelinePipe[1]);

@@ -25,6 +25,8 @@ public:
     ChildProcess &operator=(const ChildProcess &) = delete;
 
     void setEnvironment(const QProcessEnvironment &environment) { m_environment = environment.toStringList(); }
+    // Where the child's stderr goes instead of the test's (a file, truncated).
+    void setStandardErrorFile(const QString &path) { m_errorFile = path; }
     // A tool of the build machine (playerctl, say) runs without the emulator.
     void setEmulated(bool emulated) { m_emulated = emulated; }
     bool start(const QString &program, const QStringList &arguments, Output output = Output::Forwarded);
@@ -47,6 +49,7 @@ private:
     static bool waitReadable(int fd, int msecs);
 
     QStringList m_environment = QProcessEnvironment::systemEnvironment().toStringList();
+    QString m_errorFile;
     pid_t m_pid = -1;
     int m_output = -1;   // read end of the child's stdout, when captured
     int m_lifeline = -1; // read end of a pipe the child holds open until it ends

@@ -12,9 +12,9 @@
 # Qt clients then use the ivi-shell integration, with QT_IVI_SURFACE_ID
 # (default 8000) as their id. hmi-controller lays the application layer out
 # in tiles of a quarter of its width and half its height, above its 70 px
-# panel of layout buttons, and scales each surface into its tile; its output
-# is TUNER_IVI_OUTPUT (default 800x550: one 800 x 480 app full screen once the
-# panel's third button is pressed; 3200x1030 makes the first tile 800 x 480).
+# panel, and scales each surface into its tile. The output is
+# TUNER_IVI_OUTPUT, by default 3200x1030, where the first tile is the tuner's
+# own 800 x 480 (on an 800x550 output it is scaled down to 200 x 240).
 set -euo pipefail
 shell=kiosk
 if [ "${1:-}" = "--ivi" ]; then
@@ -28,7 +28,7 @@ socket=tuner-weston
 size=800x480
 options=(--shell=kiosk-shell.so)
 if [ "$shell" = ivi ]; then
-    size="${TUNER_IVI_OUTPUT:-800x550}"
+    size="${TUNER_IVI_OUTPUT:-3200x1030}"
     images=/usr/share/weston
     cat >"$runtime/weston.ini" <<INI
 [core]

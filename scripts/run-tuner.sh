@@ -46,7 +46,8 @@ done
 no_display=$([ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && echo 1 || echo 0)
 if [ ${#wrapper[@]} -gt 0 ]; then
     export QT_QPA_PLATFORM=wayland
-    [ -n "${DISPLAY:-}" ] || wrapper=(xvfb-run -a -s "-screen 0 1024x768x24" "${wrapper[@]}")
+    # A virtual screen larger than weston's output (ivi-shell's is 3200 x 1030).
+    [ -n "${DISPLAY:-}" ] || wrapper=(xvfb-run -a -s "-screen 0 3300x1100x24" "${wrapper[@]}")
 elif [ "$no_display" = 1 ]; then
     export QT_QPA_PLATFORM=offscreen
 fi

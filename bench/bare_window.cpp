@@ -1,7 +1,8 @@
-// Start-up baseline: the least a Qt Widgets program does to show an 800 x 480
-// window with the tuner's fonts and save its first frame as a PNG.
+// Start-up baselines: the least a Qt Widgets program does to show an 800 x 480
+// window with the tuner's fonts and save its first frame as a PNG; with
+// --minimal, the least of all: one label.
 //
-//   nilo-bench-bare-window FILE
+//   nilo-bench-bare-window [--minimal] FILE
 
 #include <QApplication>
 #include <QFont>
@@ -10,15 +11,32 @@
 #include <QTimer>
 #include <QWidget>
 
+static int saveFirstFrame(QApplication &app, QWidget &window, const QString &file)
+{
+    window.show();
+    QTimer::singleShot(0, &app, [&] {
+        const bool saved = window.grab().save(file, "PNG");
+        // The same report as the tuner's host: the benchmark times its arrival.
+        QTextStream(stdout) << (saved ? "Screenshot saved to " : "Could not save ") << file << Qt::endl;
+        app.exit(saved ? 0 : 1);
+    });
+    return app.exec();
+}
+
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
-    if (argc < 2)
+    const bool minimal = argc > 2 && qstrcmp(argv[1], "--minimal") == 0;
+    if (argc < 2 + minimal)
         return 2;
-    const QString file = QString::fromLocal8Bit(argv[1]);
+    const QString file = QString::fromLocal8Bit(argv[1 + minimal]);
 
     QWidget window;
     window.setFixedSize(800, 480);
+    if (minimal) {
+        new QLabel(QStringLiteral("87.50"), &window);
+        return saveFirstFrame(app, window, file);
+    }
     // The fonts of the tuner's first frame, family and pixel size, each with
     // the kind of text it draws there: band name, frequency, unit, presets.
     const QString digitFamily = QStringLiteral("DejaVu Sans Condensed");
@@ -40,13 +58,5 @@ int main(int argc, char *argv[])
                               QStringLiteral("98.50"), QStringLiteral("107.50"), QStringLiteral("108.00")};
     for (int k = 0; k < presets.size(); ++k)
         addLabel(presets[k], pixelFont(digitFamily, 30), QRect(38 + 123 * k, 401, 107, 44));
-    window.show();
-
-    QTimer::singleShot(0, &app, [&] {
-        const bool saved = window.grab().save(file, "PNG");
-        // The same report as the tuner's host: the benchmark times its arrival.
-        QTextStream(stdout) << (saved ? "Screenshot saved to " : "Could not save ") << file << Qt::endl;
-        app.exit(saved ? 0 : 1);
-    });
-    return app.exec();
+    return saveFirstFrame(app, window, file);
 }

@@ -115,21 +115,14 @@ private slots:
 
     void cleanupTestCase()
     {
-        if (m_host.isRunning()) {
-            m_host.kill();
-            m_host.waitForFinished();
-        }
-        m_sim.terminate();
-        if (!m_sim.waitForFinished(3000))
-            m_sim.kill();
+        m_sim.terminate(); // a clean exit, which a sanitizer build checks; a host still running is killed
+        m_sim.waitForFinished(3000);
     }
 
     void startsOnTheRegionsFirstFrequency()
     {
         QCOMPARE(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("87.50"));
         QCOMPARE(text(QStringLiteral("Txt_0036_rds_unit")), QStringLiteral("MHz"));
-        const QJsonObject freq = widget(QStringLiteral("Txt_0035_rds_freq"));
-        QVERIFY(freq.value("w").toInt() > 0 && freq.value("x").toInt() >= 0);
         const QString shot = m_dir.path() + QStringLiteral("/shot.png");
         QVERIFY(QDBusReply<bool>(m_automation->call(QStringLiteral("screenshot"), shot)).value());
         QFile file(shot);
@@ -336,9 +329,7 @@ private slots:
     {
         if (!m_ivi)
             QSKIP("only under ivi-shell");
-        QFile log(m_dir.filePath(QStringLiteral("host-wayland.log")));
-        QVERIFY(log.open(QIODevice::ReadOnly));
-        const QString requests = QString::fromUtf8(log.readAll());
+        const QString requests = hostLog();
         QCOMPARE(requests.count(QRegularExpression(QStringLiteral("-> ivi_application@\\d+\\.surface_create\\("))), 1);
         QVERIFY(
             requests.contains(QStringLiteral(".surface_create(%1,").arg(qEnvironmentVariable("QT_IVI_SURFACE_ID"))));
@@ -354,7 +345,9 @@ private slots:
     {
         m_automation->call(QStringLiteral("quit"));
         QVERIFY(m_host.waitForFinished(10000));
-        QVERIFY(m_host.exitedNormally());
+        // Under ivi-shell the host's own messages (a sanitizer's report too) are in its log.
+        const QStringList messages = hostLog().split(QLatin1Char('\n')).filter(QRegularExpression("^[^[]"));
+        QVERIFY2(m_host.exitedNormally(), qPrintable(messages.join(QLatin1Char('\n'))));
         QCOMPARE(m_host.exitCode(), 0);
     }
 
@@ -400,6 +393,13 @@ private:
         if (!QDBusReply<bool>(m_automation->call(QStringLiteral("screenshot"), own)).value())
             return -1;
         return pixelsApart(QImage(own), frame, levels, ignored);
+    }
+
+    // The host's stderr under ivi-shell: its compositor requests, its own messages between them.
+    QString hostLog() const
+    {
+        QFile log(m_dir.filePath(QStringLiteral("host-wayland.log")));
+        return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()) : QString();
     }
 
     QJsonObject widget(const QString &name)

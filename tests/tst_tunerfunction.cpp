@@ -70,16 +70,14 @@ private slots:
         QTest::newRow("band while seeking stops first") << band << 2 << 6 << QStringList{"terminate()", "setband(1)"};
         QTest::newRow("band during PTY search 4 just changes") << band << 4 << 6 << QStringList{"setband(1)"};
         QTest::newRow("band while PTY state 3 only stops") << band << 0 << 3 << stop;
-        const auto notAPreset = [](const char *number, Action action) {
+        const auto bad = [](int preset, bool store) {
             return Action([=](tunerfunction *f) {
-                QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QLatin1String(number) + " is not a preset"));
-                action(f);
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QString::number(preset) + " is not a preset"));
+                store ? f->savePreset(preset) : f->presetSelect(preset);
             });
         };
-        QTest::newRow("select 9 sends nothing")
-            << notAPreset("9", [](tunerfunction *f) { f->presetSelect(9); }) << 0 << 6 << QStringList();
-        QTest::newRow("store -1 sends nothing")
-            << notAPreset("-1", [](tunerfunction *f) { f->savePreset(-1); }) << 0 << 6 << QStringList();
+        QTest::newRow("select 9 sends nothing") << bad(9, false) << 0 << 6 << QStringList();
+        QTest::newRow("store -1 sends nothing") << bad(-1, true) << 0 << 6 << QStringList();
     }
 
     void actionsAreGatedByWorkState()

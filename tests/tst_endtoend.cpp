@@ -371,9 +371,9 @@ private:
     }
 
     // How many pixels of the compositor's output differ from the host's own
-    // grab, with weston's cursor parked off the tuner. The frequency's digits
+    // grab, weston's cursor parked off the compared part. The frequency's digits
     // reach the screen from their label's cached image but are drawn anew into
-    // the grab: their antialiased edges may differ by up to 8 of 255 levels.
+    // the grab: their antialiased edges differ by up to 8 levels (12 allowed).
     int compositorApartFromHost()
     {
         QProcess::execute(QStringLiteral("xdotool"), {"mousemove", "--window", m_window, QString::number(m_parkAt.x()),

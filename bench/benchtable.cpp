@@ -246,12 +246,11 @@ void startUp(const Options &options, Table &table)
     // Each run starts the three in turn, from a different one each time.
     QVector<double> tunerFrame, bareFrame, minimalFrame, tunerWall, bareWall, tunerCpu, bareCpu, tunerRss, bareRss;
     for (int run = 0; run < options.runs; ++run) {
-        ProcessCost t, b, m;
-        const std::function<void()> starts[] = {[&] { t = runTimed(tuner, environment); },
-                                                [&] { b = runTimed(bare, environment); },
-                                                [&] { m = runTimed(minimal, environment); }};
+        ProcessCost costs[3];
+        const QStringList *commands[] = {&tuner, &bare, &minimal};
         for (int k = 0; k < 3; ++k)
-            starts[(run + k) % 3]();
+            costs[(run + k) % 3] = runTimed(*commands[(run + k) % 3], environment);
+        const ProcessCost &t = costs[0], &b = costs[1], &m = costs[2];
         tunerFrame << t.frameMs, bareFrame << b.frameMs, minimalFrame << m.frameMs;
         tunerWall << t.wallMs, bareWall << b.wallMs, tunerCpu << t.cpuMs, bareCpu << b.cpuMs;
         tunerRss << t.maxRssMiB, bareRss << b.maxRssMiB;

@@ -29,7 +29,13 @@ size=800x480
 options=(--shell=kiosk-shell.so)
 if [ "$shell" = ivi ]; then
     size="${TUNER_IVI_OUTPUT:-3200x1030}"
-    images=/usr/share/weston
+    # The controller's own images and their surface ids, 1001 on.
+    images=""
+    id=1001
+    for name in background panel tiling sidebyside fullscreen random home; do
+        images+="$name-image=/usr/share/weston/$name.png"$'\n'"$name-id=$id"$'\n'
+        id=$((id + 1))
+    done
     cat >"$runtime/weston.ini" <<INI
 [core]
 shell=ivi-shell.so
@@ -43,23 +49,10 @@ workspace-background-layer-id=2000
 workspace-layer-id=3000
 application-layer-id=4000
 transition-duration=0
-background-image=$images/background.png
-background-id=1001
-panel-image=$images/panel.png
-panel-id=1002
 surface-id-offset=10
-tiling-image=$images/tiling.png
-tiling-id=1003
-sidebyside-image=$images/sidebyside.png
-sidebyside-id=1004
-fullscreen-image=$images/fullscreen.png
-fullscreen-id=1005
-random-image=$images/random.png
-random-id=1006
-home-image=$images/home.png
-home-id=1007
 workspace-background-color=0x99000000
 workspace-background-id=2001
+$images
 INI
     options=(--config="$runtime/weston.ini")
     export QT_WAYLAND_SHELL_INTEGRATION=ivi-shell

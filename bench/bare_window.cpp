@@ -54,7 +54,7 @@ int main(int argc, char *argv[])
     addLabel(QStringLiteral("FM"), pixelFont(textFamily, 20), QRect(328, 62, 142, 32));
     addLabel(QStringLiteral("87.50"), pixelFont(digitFamily, 86), QRect(207, 114, 260, 197));
     addLabel(QStringLiteral("MHz"), pixelFont(textFamily, 25), QRect(430, 280, 100, 30));
-    const QStringList presets{QStringLiteral("87.50"), QStringLiteral("97.50"), QStringLiteral("98.00"),
+    const QStringList presets{QStringLiteral("87.50"), QStringLiteral("97.50"),  QStringLiteral("98.00"),
                               QStringLiteral("98.50"), QStringLiteral("107.50"), QStringLiteral("108.00")};
     for (int k = 0; k < presets.size(); ++k)
         addLabel(presets[k], pixelFont(digitFamily, 30), QRect(38 + 123 * k, 401, 107, 44));

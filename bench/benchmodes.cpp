@@ -113,14 +113,10 @@ class BareReceiver : public QObject
 public:
     explicit BareReceiver(QLabel *label)
         : m_label(label)
-    {
-    }
+    {}
 
 public slots:
-    void onStationChanged(int freq, int)
-    {
-        m_label->setText(QString::number(freq / 100.0, 'f', 2));
-    }
+    void onStationChanged(int freq, int) { m_label->setText(QString::number(freq / 100.0, 'f', 2)); }
 
 private:
     QLabel *m_label;
@@ -331,7 +327,8 @@ int writes()
     tuner::MainWidget *stack = rig->window()->screenStack();
     stack->onShowOptionWnd();
     auto *options = rig->find<QAbstractItemView>("Lst_0016_tuner_option_list");
-    const QModelIndexList ta = options->model()->match(options->model()->index(0, 0), tuner::RoleItemId, tuner::OpItemTa);
+    const QModelIndexList ta
+        = options->model()->match(options->model()->index(0, 0), tuner::RoleItemId, tuner::OpItemTa);
     if (ta.isEmpty())
         return 1;
     stack->optionList()->onItemClicked(ta.first());
@@ -388,9 +385,9 @@ double longestGapAround(const std::function<void()> &hostCall, int settleMs)
 
 const QStringList &faultNames()
 {
-    static const QStringList names{QStringLiteral("startup_radio_hung"),  QStringLiteral("startup_radio_slow"),
-                                   QStringLiteral("startup_radio_absent"), QStringLiteral("restart_radio_hung"),
-                                   QStringLiteral("running_radio_hung"),  QStringLiteral("close_source_hung"),
+    static const QStringList names{QStringLiteral("startup_radio_hung"),     QStringLiteral("startup_radio_slow"),
+                                   QStringLiteral("startup_radio_absent"),   QStringLiteral("restart_radio_hung"),
+                                   QStringLiteral("running_radio_hung"),     QStringLiteral("close_source_hung"),
                                    QStringLiteral("media_player_next_flood")};
     return names;
 }
@@ -416,20 +413,24 @@ int fault(const QString &name)
             return 1;
         spin(200);
         if (name == QLatin1String("restart_radio_hung")) {
-            gap = longestGapAround([&] {
-                services.restart();
-                services.radio()->setHung(true);
-                services.mcu()->setHung(true);
-            }, kSettleMs);
+            gap = longestGapAround(
+                [&] {
+                    services.restart();
+                    services.radio()->setHung(true);
+                    services.mcu()->setHung(true);
+                },
+                kSettleMs);
         } else if (name == QLatin1String("running_radio_hung")) {
             services.radio()->setHung(true);
             services.mcu()->setHung(true);
             auto *preset = rig.find<QAbstractButton>(kPresetKeyOfBand[1]);
             auto *seek = rig.find<QAbstractButton>("Key_0029_seek_plus");
-            gap = longestGapAround([&] {
-                QTest::mouseClick(preset, Qt::LeftButton);
-                QTest::mouseClick(seek, Qt::LeftButton);
-            }, kSettleMs);
+            gap = longestGapAround(
+                [&] {
+                    QTest::mouseClick(preset, Qt::LeftButton);
+                    QTest::mouseClick(seek, Qt::LeftButton);
+                },
+                kSettleMs);
         } else if (name == QLatin1String("media_player_next_flood")) {
             // A hostile media-player client: 5 000 Next and Previous as fast as
             // it can send them, from a connection and a thread of its own (as
@@ -451,10 +452,12 @@ int fault(const QString &name)
             QDBusConnection::disconnectFromBus(QStringLiteral("client"));
         } else if (name == QLatin1String("close_source_hung")) {
             services.source()->setHung(true);
-            gap = longestGapAround([&] {
-                rig.window()->onHide();
-                rig.window()->onDestroy();
-            }, kSettleMs);
+            gap = longestGapAround(
+                [&] {
+                    rig.window()->onHide();
+                    rig.window()->onDestroy();
+                },
+                kSettleMs);
         }
     }
     if (gap < 0)

@@ -69,8 +69,8 @@ Results runMode(const QStringList &args)
 
 struct ProcessCost
 {
-    double frameMs = 0;  // until the program reported its frame saved
-    double wallMs = 0;   // until it exited
+    double frameMs = 0; // until the program reported its frame saved
+    double wallMs = 0;  // until it exited
     double cpuMs = 0;
     double maxRssMiB = 0;
 };
@@ -121,7 +121,7 @@ ProcessCost runTimed(const QStringList &command, const QStringList &environment)
     wait4(pid, &status, 0, &usage);
     cost.wallMs = wall.nsecsElapsed() / 1e6;
     cost.cpuMs = (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1e3
-               + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e3;
+                 + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e3;
     cost.maxRssMiB = usage.ru_maxrss / 1024.0;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0 || !reported)
         out() << "nilo-bench: " << command.first() << " failed\n";
@@ -213,7 +213,8 @@ void startUp(const Options &options, Table &table)
     QDir(state.path()).mkpath(QStringLiteral("runtime"));
     QFile vehicle(state.filePath(QStringLiteral("vehicle.ini")));
     vehicle.open(QIODevice::WriteOnly);
-    vehicle.write("[Vehicle]\nDestination=0\nRdsSupport=1\nRdsAfTaTpSupport=1\nRegionalSupport=1\nRadioInfoDispLine=1\n");
+    vehicle.write(
+        "[Vehicle]\nDestination=0\nRdsSupport=1\nRdsAfTaTpSupport=1\nRegionalSupport=1\nRadioInfoDispLine=1\n");
     vehicle.close();
 
     QProcessEnvironment processEnvironment = QProcessEnvironment::systemEnvironment();
@@ -234,8 +235,9 @@ void startUp(const Options &options, Table &table)
     }
 
     const QString frame = state.filePath(QStringLiteral("frame.png"));
-    const QStringList tuner{QStringLiteral(BENCH_HOST), QStringLiteral(BENCH_PLUGIN), QStringLiteral("--screenshot"),
-                            frame, QStringLiteral("--settle"), QStringLiteral("0")};
+    const QStringList tuner{QStringLiteral(BENCH_HOST),     QStringLiteral(BENCH_PLUGIN),
+                            QStringLiteral("--screenshot"), frame,
+                            QStringLiteral("--settle"),     QStringLiteral("0")};
     const QStringList bare{QStringLiteral(BENCH_BARE_WINDOW), frame};
     const QStringList minimal{QStringLiteral(BENCH_BARE_WINDOW), QStringLiteral("--minimal"), frame};
     // The first runs fill the page cache and write the tuner's first radio.conf.
@@ -285,8 +287,10 @@ void stationReport(const Options &options, Table &table)
     for (int run = 0; run < options.runs; ++run) {
         const QString first = run % 2 ? QStringLiteral("tuner") : QStringLiteral("bare");
         const QString second = run % 2 ? QStringLiteral("bare") : QStringLiteral("tuner");
-        const double a = runMode({QStringLiteral("report"), first, iterations}).value(QStringLiteral("median_us")).toDouble();
-        const double b = runMode({QStringLiteral("report"), second, iterations}).value(QStringLiteral("median_us")).toDouble();
+        const double a
+            = runMode({QStringLiteral("report"), first, iterations}).value(QStringLiteral("median_us")).toDouble();
+        const double b
+            = runMode({QStringLiteral("report"), second, iterations}).value(QStringLiteral("median_us")).toDouble();
         (run % 2 ? tuner : bare) << a;
         (run % 2 ? bare : tuner) << b;
     }
@@ -401,12 +405,30 @@ int runAll(const QStringList &args)
             only = args.value(++i);
     }
     const QList<QPair<QString, std::function<void(Table &)>>> paths{
-        {QStringLiteral("startup"), [&](Table &t) { startUp(options, t); }},
-        {QStringLiteral("report"), [&](Table &t) { stationReport(options, t); }},
-        {QStringLiteral("marquee"), [&](Table &t) { marquee(options, t); }},
-        {QStringLiteral("screens"), [&](Table &t) { screenChanges(options, t); }},
-        {QStringLiteral("writes"), [&](Table &t) { writes(t); }},
-        {QStringLiteral("faults"), [&](Table &t) { faults(options, t); }},
+        {QStringLiteral("startup"),
+         [&](Table &t) {
+             startUp(options, t);
+         }},
+        {QStringLiteral("report"),
+         [&](Table &t) {
+             stationReport(options, t);
+         }},
+        {QStringLiteral("marquee"),
+         [&](Table &t) {
+             marquee(options, t);
+         }},
+        {QStringLiteral("screens"),
+         [&](Table &t) {
+             screenChanges(options, t);
+         }},
+        {QStringLiteral("writes"),
+         [&](Table &t) {
+             writes(t);
+         }},
+        {QStringLiteral("faults"),
+         [&](Table &t) {
+             faults(options, t);
+         }},
     };
     Table table;
     for (const auto &path : paths) {

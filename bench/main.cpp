@@ -22,7 +22,8 @@ int main(int argc, char *argv[])
     const QStringList args = app.arguments().mid(1);
     const QString mode = args.value(0);
     if (mode == QLatin1String("report"))
-        return benchmode::stationReport(args.value(1) == QLatin1String("bare"), args.value(2, QStringLiteral("200")).toInt());
+        return benchmode::stationReport(args.value(1) == QLatin1String("bare"),
+                                        args.value(2, QStringLiteral("200")).toInt());
     if (mode == QLatin1String("marquee"))
         return benchmode::marquee(args.value(1, QStringLiteral("5")).toInt());
     if (mode == QLatin1String("screens")) {

@@ -16,9 +16,15 @@
 namespace {
 
 // What a radio service on a European head unit answers at start-up.
-const QVariantMap kRadioAnswers{{"bandId", 1},          {"bandPos", "0;0;0;0;0"}, {"fmMaxFreq", 10800},
-                                {"fmMinFreq", 8750},    {"fmStep", 5},            {"amMaxFreq", 1602},
-                                {"amMinFreq", 531},     {"amStep", 9},            {"freqBandId", 1},
+const QVariantMap kRadioAnswers{{"bandId", 1},
+                                {"bandPos", "0;0;0;0;0"},
+                                {"fmMaxFreq", 10800},
+                                {"fmMinFreq", 8750},
+                                {"fmStep", 5},
+                                {"amMaxFreq", 1602},
+                                {"amMinFreq", 531},
+                                {"amStep", 9},
+                                {"freqBandId", 1},
                                 {"bandCurFreq", "8800;9450;10020;999;1089"},
                                 {"fmList", "8750;8800;9000;9450;9800;10000;8750;8800;9000;9450;9800;10000;"
                                            "8750;8800;9000;9450;9800;10000"},

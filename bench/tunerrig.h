@@ -32,7 +32,10 @@ public:
     QWidget *frame() const { return m_frame.get(); }
     QString stateRoot() const { return m_state.root(); }
     template<typename T>
-    T *find(const char *name) const { return m_frame->findChild<T *>(QLatin1String(name)); }
+    T *find(const char *name) const
+    {
+        return m_frame->findChild<T *>(QLatin1String(name));
+    }
 
     // A station report from the radio service, emitted in the service's thread.
     // Returns when it has left, with the time it left on the bench clock.

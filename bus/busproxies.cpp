@@ -9,8 +9,8 @@ namespace {
 template<typename Proxy>
 Proxy *createProxy(const char *service, const char *path, QObject *parent)
 {
-    auto *proxy = new Proxy(QString::fromLatin1(service), QString::fromLatin1(path),
-                            QDBusConnection::sessionBus(), parent);
+    auto *proxy
+        = new Proxy(QString::fromLatin1(service), QString::fromLatin1(path), QDBusConnection::sessionBus(), parent);
     proxy->setTimeout(kCallTimeoutMs);
     return proxy;
 }

@@ -49,8 +49,7 @@ class BatchedReply
 public:
     explicit BatchedReply(const QDBusPendingReply<T> &reply)
         : m_reply(reply)
-    {
-    }
+    {}
     // False while the reply is on its way, and when the service never gave
     // one. An error reply is an answer: its value reads as T() (0, false, "").
     bool answered() const

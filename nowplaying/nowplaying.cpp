@@ -89,7 +89,7 @@ void NowPlaying::requestName(const QString &name)
     call << kDoNotQueue;
     auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
     watcher->setProperty("name", name);
-    connect(watcher, SIGNAL(finished(QDBusPendingCallWatcher*)), this, SLOT(onNameTaken(QDBusPendingCallWatcher*)));
+    connect(watcher, SIGNAL(finished(QDBusPendingCallWatcher *)), this, SLOT(onNameTaken(QDBusPendingCallWatcher *)));
 }
 
 void NowPlaying::onNameTaken(QDBusPendingCallWatcher *watcher)
@@ -180,9 +180,9 @@ void NowPlaying::publish()
     }
     if (changed.isEmpty() || !m_exported)
         return;
-    QDBusMessage signal = QDBusMessage::createSignal(QLatin1String(kObjectPath),
-                                                     QStringLiteral("org.freedesktop.DBus.Properties"),
-                                                     QStringLiteral("PropertiesChanged"));
+    QDBusMessage signal
+        = QDBusMessage::createSignal(QLatin1String(kObjectPath), QStringLiteral("org.freedesktop.DBus.Properties"),
+                                     QStringLiteral("PropertiesChanged"));
     signal << QLatin1String(kPlayerInterface) << changed << QStringList();
     QDBusConnection::sessionBus().send(signal);
 }

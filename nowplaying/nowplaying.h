@@ -53,9 +53,9 @@ class NowPlaying : public QObject, protected QDBusContext
 public:
     enum class Playback { Stopped, Paused, Playing };
 
-    static const char *const kServiceName;   // "org.mpris.MediaPlayer2.nilo_tuner"
-    static const char *const kObjectPath;    // "/org/mpris/MediaPlayer2"
-    static constexpr int kCoalesceMs = 50;   // at most one PropertiesChanged in this time
+    static const char *const kServiceName; // "org.mpris.MediaPlayer2.nilo_tuner"
+    static const char *const kObjectPath;  // "/org/mpris/MediaPlayer2"
+    static constexpr int kCoalesceMs = 50; // at most one PropertiesChanged in this time
 
     // `stepPreset`: the next (true) or previous preset key, pressed on the
     // driver's behalf. Exported on the session bus when it is connected.

@@ -13,8 +13,7 @@ AutoStore::AutoStore(TunerPlayer &screen, RadioControl &control, PresetPages &pa
     , m_control(control)
     , m_pages(pages)
     , m_rds(rds)
-{
-}
+{}
 
 void AutoStore::start()
 {

@@ -42,8 +42,7 @@ BandSwitch::BandSwitch(TunerPlayer &screen, RadioControl &control, PresetPages &
     , m_banner(banner)
     , m_bandKey(bandKey)
     , m_bandName(bandName)
-{
-}
+{}
 
 void BandSwitch::showBandName(bool fm)
 {

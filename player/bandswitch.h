@@ -60,10 +60,10 @@ private:
     QWidget *m_bandKey;
     QLabel *m_bandName;
     QBasicTimer m_keyLock;
-    bool m_fromRemote = false; // the next family switch comes from the remote's band key
+    bool m_fromRemote = false;     // the next family switch comes from the remote's band key
     bool m_familySwitched = false; // the next page entered shows its band's frequency
-    bool m_bandShown = false; // the stored band is up: entering an FM page clears the RDS state
-    bool m_showingStored = false; // the pages turn to the stored band, not at the user's touch
+    bool m_bandShown = false;      // the stored band is up: entering an FM page clears the RDS state
+    bool m_showingStored = false;  // the pages turn to the stored band, not at the user's touch
 };
 
 } // namespace tuner

@@ -11,8 +11,7 @@ namespace tuner {
 DisplayLine::DisplayLine(Ui::c20_003_tuner *form, ShownStation *shown)
     : ui(form)
     , m_shown(shown)
-{
-}
+{}
 
 void DisplayLine::tell(void (ShownStation::*set)(const QString &), const QString &value)
 {

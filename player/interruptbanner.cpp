@@ -15,8 +15,7 @@ InterruptBanner::InterruptBanner(QWidget *screen, DisplayLine &line, InterruptBo
     : m_screen(screen)
     , m_line(line)
     , m_interrupts(interrupts)
-{
-}
+{}
 
 c35_011_interrupt_on_tuner *InterruptBanner::popup() const
 {

@@ -18,15 +18,13 @@ constexpr int kUnlockMs = 3000;
 
 } // namespace
 
-ManualKeys::ManualKeys(TunerPlayer &screen, RadioControl &control, RdsStation &rds, QWidget *plusKey,
-                       QWidget *minusKey)
+ManualKeys::ManualKeys(TunerPlayer &screen, RadioControl &control, RdsStation &rds, QWidget *plusKey, QWidget *minusKey)
     : m_screen(screen)
     , m_control(control)
     , m_rds(rds)
     , m_plusKey(plusKey)
     , m_minusKey(minusKey)
-{
-}
+{}
 
 void ManualKeys::step(bool plus)
 {

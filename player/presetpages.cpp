@@ -145,7 +145,7 @@ cm::ScrollManage *PresetPages::scroller(bool fm)
         else
             QObject::connect(pages, SIGNAL(pageChanged(int)), m_screen, SLOT(onUpdateNavigationIcon_AM(int)));
         QObject::connect(pages, SIGNAL(stateChanged(QScroller::State)), m_screen,
-                         SLOT(onScrollerState(QScroller::State)));
+                                       SLOT(onScrollerState(QScroller::State)));
     }
     return pages;
 }

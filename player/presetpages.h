@@ -49,7 +49,7 @@ public:
     void showPageImage(int band);
 
 private:
-    QButtonGroup *group(int band) const; // null, with a warning, for no band
+    QButtonGroup *group(int band) const;   // null, with a warning, for no band
     QLabel *label(int band, int id) const; // null outside the pages
     void setText(int band, int id, const QString &text, Qt::Alignment alignment);
     cm::ScrollManage *scroller(bool fm);

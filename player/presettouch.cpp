@@ -22,8 +22,7 @@ PresetTouch::PresetTouch(TunerPlayer &screen, RadioControl &control, PresetPages
     , m_control(control)
     , m_pages(pages)
     , m_line(line)
-{
-}
+{}
 
 void PresetTouch::pressed(int id)
 {

@@ -10,8 +10,7 @@ namespace tuner {
 RadioControl::RadioControl(NiloRadioServiceInterface *radio, NiloMcuServiceInterface *mcu)
     : m_radio(radio)
     , m_mcu(mcu)
-{
-}
+{}
 
 void RadioControl::followStateOf(RadioEdge *edge)
 {

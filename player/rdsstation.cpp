@@ -22,8 +22,7 @@ RdsStation::RdsStation(Ui::c20_003_tuner *form, DisplayLine &line, PresetPages &
     , m_pages(pages)
     , m_dial(dial)
     , m_control(control)
-{
-}
+{}
 
 void RdsStation::showName(QString name)
 {

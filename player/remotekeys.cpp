@@ -24,8 +24,7 @@ RemoteKeys::RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &
     , m_bands(bands)
     , m_rds(rds)
     , m_banner(banner)
-{
-}
+{}
 
 bool RemoteKeys::keyEvent(int key, int phase)
 {
@@ -197,8 +196,7 @@ void RemoteKeys::nextPreset()
         next = 0;
         if (m_pages.litPreset(p->band()) == kPresetCount - 1) {
             const int band = p->band();
-            stepToBand(p->isFM() ? (band == BAND_FM3 ? BAND_FM1 : band + 1)
-                                 : (band == BAND_AM2 ? BAND_AM1 : band + 1));
+            stepToBand(p->isFM() ? (band == BAND_FM3 ? BAND_FM1 : band + 1) : (band == BAND_AM2 ? BAND_AM1 : band + 1));
         }
     }
     selectPreset(next);

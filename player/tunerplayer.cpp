@@ -107,7 +107,8 @@ void TunerPlayer::showServiceState()
     const auto show = [=](bool complete) {
         Preferences *p = prefs();
         const bool bandRead = complete && bandId.answered();
-        onFrequencyChanged(m_control.lastFrequency(), bandRead ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
+        onFrequencyChanged(m_control.lastFrequency(),
+                           bandRead ? check::band(bandId.value(), p->band(), "freqBandId") : int(p->band()));
         if (complete && ptyType.answered() && ptyName.answered() && check::ptyCode(ptyType.value()))
             onPtyChanged(ptyType.value(), check::name(ptyName.value(), "rdsName"));
         onstatusChanged(p->rdsState());
@@ -120,7 +121,8 @@ void TunerPlayer::showServiceState()
         show(false);
     batch->whenFinished([=](const QStringList &failed) {
         if (!failed.isEmpty())
-            TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", ")) << "; the tuner's own state is shown.";
+            TUNER_WAR() << "the radio service did not answer" << failed.join(QLatin1String(", "))
+                        << "; the tuner's own state is shown.";
         // Late answers come after the window fed the service's state: the
         // frequency is the one stored by now.
         if (!inTime)

@@ -59,7 +59,10 @@ public:
     void setValue(int value);
     QString normalValue(int value) const { return m_dial.text(value); }
     int freqValue() const { return m_dial.value(); }
-    static int freqNormalize(int freq, int low, int high, int step) { return FrequencyDial::normalize(freq, low, high, step); }
+    static int freqNormalize(int freq, int low, int high, int step)
+    {
+        return FrequencyDial::normalize(freq, low, high, step);
+    }
     bool isValidFreq(); // interface for the host's code: nothing here calls it
     void manualPlus();
     void manualMinus();
@@ -117,7 +120,11 @@ signals:
 public slots:
     bool onTerminate() { return m_control.stopAnySearch(); }
     void onPiTpStatus(int pitpState) { m_banner.status(pitpState); }
-    void onAutoScanCompleted(QString freqList) { Q_UNUSED(freqList) m_autoStore.completed(); }
+    void onAutoScanCompleted(QString freqList)
+    {
+        Q_UNUSED(freqList)
+        m_autoStore.completed();
+    }
     void onFrequencyChanged(int freq, int band);
     void onBandChangState(int state) { m_bands.switchDone(state); }
     void onstatusChanged(int state) { m_rds.showStatus(state); }

@@ -8,8 +8,7 @@ namespace tuner {
 
 Plugin::Plugin(QObject *parent)
     : QObject(parent)
-{
-}
+{}
 
 Plugin::~Plugin() = default;
 

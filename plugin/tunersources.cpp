@@ -9,8 +9,7 @@ WindowSource::WindowSource(const QString &name, MainWindow *window, QObject *par
     : QObject(parent)
     , m_name(name)
     , m_window(window)
-{
-}
+{}
 
 bool WindowSource::hasWindow() const
 {
@@ -38,12 +37,10 @@ bool WindowSource::keyEvent(KeyEvent *event)
 
 TunerSource::TunerSource(MainWindow *window, QObject *parent)
     : WindowSource(QStringLiteral("tuner"), window, parent)
-{
-}
+{}
 
 TASource::TASource(MainWindow *window, QObject *parent)
     : WindowSource(QStringLiteral("tunerta"), window, parent)
-{
-}
+{}
 
 } // namespace tuner

@@ -26,8 +26,7 @@ QT_END_NAMESPACE
 HostAutomation::HostAutomation(HostShell *shell, QObject *parent)
     : QObject(parent)
     , m_shell(shell)
-{
-}
+{}
 
 bool HostAutomation::sourceKey(const QString &source, int code, int phase)
 {
@@ -52,11 +51,10 @@ void HostAutomation::deliverMouse(QEvent::Type type, int x, int y)
     if (!window)
         return;
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    m_held.setFlag(Qt::LeftButton, type == QEvent::MouseButtonPress
-                                       || (type == QEvent::MouseMove && m_held.testFlag(Qt::LeftButton)));
+    m_held.setFlag(Qt::LeftButton,
+                   type == QEvent::MouseButtonPress || (type == QEvent::MouseMove && m_held.testFlag(Qt::LeftButton)));
     const QPoint local(x, y);
-    qt_handleMouseEvent(window, local, window->mapToGlobal(local), m_held, button, type, Qt::NoModifier,
-                        ++m_timestamp);
+    qt_handleMouseEvent(window, local, window->mapToGlobal(local), m_held, button, type, Qt::NoModifier, ++m_timestamp);
     // Two taps in a row are two presses, never a double click.
     if (type == QEvent::MouseButtonRelease)
         m_timestamp += QGuiApplication::styleHints()->mouseDoubleClickInterval();

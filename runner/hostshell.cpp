@@ -20,30 +20,54 @@ constexpr int kLongPressMs = 800;
 int hostCode(int qtKey)
 {
     switch (qtKey) {
-    case Qt::Key_Up: return 44;       // preset up
-    case Qt::Key_Down: return 45;     // preset down
-    case Qt::Key_Right: return 47;    // seek up; hold: manual step up
-    case Qt::Key_Left: return 46;     // seek down; hold: manual step down
-    case Qt::Key_PageUp: return 7;    // next preset; hold: seek up
-    case Qt::Key_PageDown: return 8;  // previous preset; hold: seek down
-    case Qt::Key_B: return 33;        // band
-    case Qt::Key_1: return 34;        // presets 1..6; hold: store
-    case Qt::Key_2: return 35;
-    case Qt::Key_3: return 36;
-    case Qt::Key_4: return 37;
-    case Qt::Key_5: return 38;
-    case Qt::Key_6: return 39;
-    case Qt::Key_Escape: return 66;   // cancel announcement or alarm
-    case Qt::Key_S: return 125;       // stop a running search
-    case Qt::Key_F1: return 177;      // AF off
-    case Qt::Key_F2: return 178;      // AF on
-    case Qt::Key_F3: return 179;      // TA off
-    case Qt::Key_F4: return 180;      // TA on
-    case Qt::Key_F5: return 181;      // Local off
-    case Qt::Key_F6: return 182;      // Local on
-    case Qt::Key_F7: return 184;      // AM / FM3
-    case Qt::Key_F8: return 185;      // FM1 / AM2
-    default: return 0;
+    case Qt::Key_Up:
+        return 44; // preset up
+    case Qt::Key_Down:
+        return 45; // preset down
+    case Qt::Key_Right:
+        return 47; // seek up; hold: manual step up
+    case Qt::Key_Left:
+        return 46; // seek down; hold: manual step down
+    case Qt::Key_PageUp:
+        return 7; // next preset; hold: seek up
+    case Qt::Key_PageDown:
+        return 8; // previous preset; hold: seek down
+    case Qt::Key_B:
+        return 33; // band
+    case Qt::Key_1:
+        return 34; // presets 1..6; hold: store
+    case Qt::Key_2:
+        return 35;
+    case Qt::Key_3:
+        return 36;
+    case Qt::Key_4:
+        return 37;
+    case Qt::Key_5:
+        return 38;
+    case Qt::Key_6:
+        return 39;
+    case Qt::Key_Escape:
+        return 66; // cancel announcement or alarm
+    case Qt::Key_S:
+        return 125; // stop a running search
+    case Qt::Key_F1:
+        return 177; // AF off
+    case Qt::Key_F2:
+        return 178; // AF on
+    case Qt::Key_F3:
+        return 179; // TA off
+    case Qt::Key_F4:
+        return 180; // TA on
+    case Qt::Key_F5:
+        return 181; // Local off
+    case Qt::Key_F6:
+        return 182; // Local on
+    case Qt::Key_F7:
+        return 184; // AM / FM3
+    case Qt::Key_F8:
+        return 185; // FM1 / AM2
+    default:
+        return 0;
     }
 }
 
@@ -118,7 +142,7 @@ void HostShell::adoptMainWidget()
 bool HostShell::sourceKey(const QString &source, int code, int phase)
 {
     SourceInterface *target = source == QLatin1String("tuner.src") ? m_tunerSource
-                            : source == QLatin1String("ta.src")    ? m_taSource
+                              : source == QLatin1String("ta.src")  ? m_taSource
                                                                    : nullptr;
     if (!target) {
         HOST_WAR() << source << "is not a source of the plug-in.";
@@ -199,8 +223,8 @@ bool HostShell::event(QEvent *event)
 
 bool HostShell::eventFilter(QObject *watched, QEvent *event)
 {
-    if ((event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) && watched->isWidgetType()
-        && m_frame && static_cast<QWidget *>(watched)->window() == m_frame)
+    if ((event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) && watched->isWidgetType() && m_frame
+        && static_cast<QWidget *>(watched)->window() == m_frame)
         return keyboardKey(event);
     return QObject::eventFilter(watched, event);
 }

@@ -53,7 +53,7 @@ private:
 
     // Keyboard: a held key becomes a long press after this long.
     QBasicTimer m_holdTimer;
-    int m_heldKey = 0;   // Qt key
-    int m_heldCode = 0;  // host key code
+    int m_heldKey = 0;  // Qt key
+    int m_heldCode = 0; // host key code
     bool m_heldLong = false;
 };

@@ -45,8 +45,8 @@ void waitForServices(int ms)
 // the build tree.
 QString defaultPlugin()
 {
-    const QString installed = QCoreApplication::applicationDirPath() + QLatin1Char('/')
-                              + QStringLiteral(TUNER_INSTALLED_PLUGIN);
+    const QString installed
+        = QCoreApplication::applicationDirPath() + QLatin1Char('/') + QStringLiteral(TUNER_INSTALLED_PLUGIN);
     return QFileInfo::exists(installed) ? QDir::cleanPath(installed) : QStringLiteral(TUNER_BUILT_PLUGIN);
 }
 
@@ -67,11 +67,20 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Host application for the Nilo tuner plug-in."));
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("plugin"), QStringLiteral("The plug-in library (default: the one built beside)."));
-    const QCommandLineOption screenshot(QStringLiteral("screenshot"), QStringLiteral("Start, let the screen settle, save a PNG, exit."), QStringLiteral("FILE"));
-    const QCommandLineOption settle(QStringLiteral("settle"), QStringLiteral("Milliseconds to wait before --screenshot."), QStringLiteral("MS"), QStringLiteral("1500"));
-    const QCommandLineOption language(QStringLiteral("language"), QStringLiteral("Language of the texts: en (default) or de."), QStringLiteral("LANG"), QStringLiteral("en"));
-    const QCommandLineOption wait(QStringLiteral("wait-services"), QStringLiteral("Milliseconds to wait for the radio service."), QStringLiteral("MS"), QStringLiteral("3000"));
+    parser.addPositionalArgument(QStringLiteral("plugin"),
+                                 QStringLiteral("The plug-in library (default: the one built beside)."));
+    const QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                        QStringLiteral("Start, let the screen settle, save a PNG, exit."),
+                                        QStringLiteral("FILE"));
+    const QCommandLineOption settle(QStringLiteral("settle"),
+                                    QStringLiteral("Milliseconds to wait before --screenshot."), QStringLiteral("MS"),
+                                    QStringLiteral("1500"));
+    const QCommandLineOption language(QStringLiteral("language"),
+                                      QStringLiteral("Language of the texts: en (default) or de."),
+                                      QStringLiteral("LANG"), QStringLiteral("en"));
+    const QCommandLineOption wait(QStringLiteral("wait-services"),
+                                  QStringLiteral("Milliseconds to wait for the radio service."), QStringLiteral("MS"),
+                                  QStringLiteral("3000"));
     parser.addOptions({screenshot, settle, language, wait});
     parser.process(app);
     if (!Translator::setLanguage(parser.value(language)))
@@ -91,7 +100,8 @@ int main(int argc, char *argv[])
     auto *automation = new HostAutomation(&shell, &app);
     new NiloTunerHostAdaptor(automation);
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.registerObject(QStringLiteral("/Host"), automation) || !bus.registerService(QStringLiteral("nilo.TunerHost")))
+    if (!bus.registerObject(QStringLiteral("/Host"), automation)
+        || !bus.registerService(QStringLiteral("nilo.TunerHost")))
         HOST_WAR() << "automation interface not available:" << bus.lastError().message();
 
     if (parser.isSet(screenshot)) {

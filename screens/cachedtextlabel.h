@@ -29,7 +29,7 @@ private:
         bool operator==(const Look &other) const
         {
             return text == other.text && alignment == other.alignment && indent == other.indent
-                && margin == other.margin;
+                   && margin == other.margin;
         }
     };
     Look currentLook() const;

@@ -5,15 +5,14 @@
 
 #include <QListView>
 #include <QPainter>
-#include <QScrollBar>
 #include <QPixmap>
+#include <QScrollBar>
 
 namespace tuner {
 
 RowDelegate::RowDelegate(QObject *parent)
     : QItemDelegate(parent)
-{
-}
+{}
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
@@ -68,8 +67,8 @@ void RowDelegate::drawText(QPainter *painter, const QStyleOptionViewItem &option
     else if (state == Qt::Checked)
         colourState = ColorGroup::Checked;
     QFont font = painter->font();
-    const QColor colour = ColorGroup::setFontColor(font, m_group.isEmpty() ? QStringLiteral("ColorGroup1") : m_group,
-                                                   30, colourState);
+    const QColor colour
+        = ColorGroup::setFontColor(font, m_group.isEmpty() ? QStringLiteral("ColorGroup1") : m_group, 30, colourState);
     painter->setFont(font);
     painter->setPen(colour);
     painter->drawText(rect, int(horizontal | Qt::AlignVCenter), text);

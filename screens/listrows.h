@@ -9,11 +9,11 @@ namespace tuner {
 
 // Item-model roles shared by the list screens.
 enum ListRole {
-    RoleCurrentValue = 4,         // the value text on the right of a row
-    RoleItemId = 257,             // option item or PTY code
-    RoleSetHighlighted = 258,     // PTY list: mark the received type
-    RoleSetSelected = 259,        // PTY list: mark the tapped type
-    RoleCheckPixmap = 357,        // path of a check mark image
+    RoleCurrentValue = 4,     // the value text on the right of a row
+    RoleItemId = 257,         // option item or PTY code
+    RoleSetHighlighted = 258, // PTY list: mark the received type
+    RoleSetSelected = 259,    // PTY list: mark the tapped type
+    RoleCheckPixmap = 357,    // path of a check mark image
 };
 
 // The painting steps both list screens share: background, pressed row,
@@ -36,7 +36,8 @@ public:
 protected:
     void drawBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void drawFocus(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const override;
-    void drawDecoration(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QPixmap &pixmap) const override;
+    void drawDecoration(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+                        const QPixmap &pixmap) const override;
     void drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,
                      Qt::CheckState state, Qt::ItemFlags flags) const;
     void drawCurrent(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text,

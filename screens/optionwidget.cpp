@@ -30,8 +30,7 @@ QString switchText(bool on)
 
 TunerOptionModel::TunerOptionModel(QObject *parent)
     : QAbstractListModel(parent)
-{
-}
+{}
 
 int TunerOptionModel::rowCount(const QModelIndex &parent) const
 {

@@ -51,7 +51,8 @@ public:
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 protected:
-    void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, Qt::CheckState state) const override;
+    void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+                   Qt::CheckState state) const override;
 
 private:
     bool m_checkable = false;

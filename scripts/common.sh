@@ -12,6 +12,7 @@ TUNER_PACKAGES=(
     xvfb xauth xdotool
     weston qtwayland5 x11-apps
     playerctl desktop-file-utils systemd
+    clang-format
 )
 
 # Installs the packages that are missing (needs root, as on the head-unit build

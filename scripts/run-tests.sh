@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the tuner and runs every test, each on a private D-Bus session bus.
+# Checks the formatting, builds the tuner and runs every test, each on a
+# private D-Bus session bus.
 #   scripts/run-tests.sh              the normal build (build/)
 #   scripts/run-tests.sh --sanitize   AddressSanitizer + UBSan build (build-asan/)
 #   scripts/run-tests.sh -R preferences   extra arguments go to ctest
@@ -19,6 +20,7 @@ fi
 
 tuner_install_packages
 start=$(date +%s)
+"$TUNER_SRC/scripts/check-format.sh"
 tuner_build "$build_dir" "${cmake_options[@]}"
 cd "$build_dir"
 ctest --output-on-failure --timeout 300 "$@"

@@ -66,10 +66,16 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Radio, MCU and source services of the head unit, simulated."));
     parser.addHelpOption();
-    const QCommandLineOption destination(QStringLiteral("destination"), QStringLiteral("Region by destination code (0 EUR, 1 UC, 7 JPN ...)."), QStringLiteral("N"), QStringLiteral("0"));
-    const QCommandLineOption stations(QStringLiteral("stations"), QStringLiteral("Station list (JSON)."), QStringLiteral("FILE"), QStringLiteral(":/sim/stations.json"));
-    const QCommandLineOption state(QStringLiteral("state"), QStringLiteral("File that keeps the presets and band."), QStringLiteral("FILE"));
-    const QCommandLineOption timeScale(QStringLiteral("time-scale"), QStringLiteral("Seek and scan durations in percent."), QStringLiteral("PERCENT"), QStringLiteral("100"));
+    const QCommandLineOption destination(QStringLiteral("destination"),
+                                         QStringLiteral("Region by destination code (0 EUR, 1 UC, 7 JPN ...)."),
+                                         QStringLiteral("N"), QStringLiteral("0"));
+    const QCommandLineOption stations(QStringLiteral("stations"), QStringLiteral("Station list (JSON)."),
+                                      QStringLiteral("FILE"), QStringLiteral(":/sim/stations.json"));
+    const QCommandLineOption state(QStringLiteral("state"), QStringLiteral("File that keeps the presets and band."),
+                                   QStringLiteral("FILE"));
+    const QCommandLineOption timeScale(QStringLiteral("time-scale"),
+                                       QStringLiteral("Seek and scan durations in percent."), QStringLiteral("PERCENT"),
+                                       QStringLiteral("100"));
     parser.addOptions({destination, stations, state, timeScale});
     parser.process(app);
 
@@ -91,8 +97,8 @@ int main(int argc, char *argv[])
     // The control object first: once the names are claimed, clients may call it.
     const bool ok = bus.registerObject(QLatin1String(kControlPath), control) && exportServices(bus, services);
     if (!ok) {
-        QTextStream(stderr) << "nilo-sim: cannot claim the services on the session bus: "
-                            << bus.lastError().message() << "\n";
+        QTextStream(stderr) << "nilo-sim: cannot claim the services on the session bus: " << bus.lastError().message()
+                            << "\n";
         return 1;
     }
     qInfo().noquote() << "sim: services ready on" << kMcuService << "and" << kSystemService;

@@ -9,8 +9,7 @@ SimControl::SimControl(SimRadio *radio, SimSource *source, QObject *parent)
     : QObject(parent)
     , m_radio(radio)
     , m_source(source)
-{
-}
+{}
 
 void SimControl::startTrafficAnnouncement()
 {

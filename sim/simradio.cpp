@@ -15,9 +15,9 @@ namespace sim {
 
 namespace {
 
-constexpr int kSeekMsPerStep = 6;     // a seek sweeps the band at this pace
+constexpr int kSeekMsPerStep = 6; // a seek sweeps the band at this pace
 constexpr int kSeekMinMs = 300;
-constexpr int kRdsDelayMs = 400;      // RDS decodes a moment after tuning
+constexpr int kRdsDelayMs = 400; // RDS decodes a moment after tuning
 constexpr int kScanMs = 2500;
 constexpr int kPtySearchMs = 1800;
 constexpr int kLocalStrength = 50;
@@ -57,9 +57,9 @@ SimRadio::SimRadio(int destination, const StationList &stations, const QString &
     std::fill(std::begin(m_presetAf), std::end(m_presetAf), true);
     m_stations.fitToBand(m_stations.fm, m_fmLow, m_fmHigh, m_fmStep);
     m_stations.fitToBand(m_stations.am, m_amLow, m_amHigh, m_amStep);
-    qInfo().noquote() << "sim: region" << region->name << "FM" << m_fmLow << "-" << m_fmHigh << "/" << m_fmStep
-                      << "AM" << m_amLow << "-" << m_amHigh << "/" << m_amStep << "," << m_stations.fm.size()
-                      << "FM and" << m_stations.am.size() << "AM stations";
+    qInfo().noquote() << "sim: region" << region->name << "FM" << m_fmLow << "-" << m_fmHigh << "/" << m_fmStep << "AM"
+                      << m_amLow << "-" << m_amHigh << "/" << m_amStep << "," << m_stations.fm.size() << "FM and"
+                      << m_stations.am.size() << "AM stations";
     loadState();
 
     for (QTimer *timer : {&m_seekTimer, &m_scanTimer, &m_ptyTimer, &m_rdsTimer})
@@ -286,7 +286,8 @@ void SimRadio::finishScan()
     const int start = m_presetPos[m_band] > 0 ? m_presetPos[m_band] - 1 : 0;
     const int capacity = (last - m_band) * tuner::kPresetCount + (tuner::kPresetCount - start);
     QVector<Station> strongest = stationsOf(m_band);
-    std::sort(strongest.begin(), strongest.end(), [](const Station &a, const Station &b) { return a.strength > b.strength; });
+    std::sort(strongest.begin(), strongest.end(),
+              [](const Station &a, const Station &b) { return a.strength > b.strength; });
     strongest.resize(qMin(strongest.size(), capacity));
     std::sort(strongest.begin(), strongest.end(), [](const Station &a, const Station &b) { return a.freq < b.freq; });
 
@@ -327,7 +328,8 @@ void SimRadio::finishPtySearch()
     const Station *found = nullptr;
     if (isFm(m_band)) {
         for (const Station &s : m_stations.fm) {
-            if (s.pty == m_ptyWanted && !s.ps.isEmpty() && (!found || (found->freq <= m_curFreq[m_band] && s.freq > m_curFreq[m_band])))
+            if (s.pty == m_ptyWanted && !s.ps.isEmpty()
+                && (!found || (found->freq <= m_curFreq[m_band] && s.freq > m_curFreq[m_band])))
                 found = &s;
         }
     }

@@ -26,55 +26,183 @@ public:
     QString stateJson() const;
 
     // nilo.RadioService
-    int RDSstate() override { record("RDSstate", {}); return m_rdsState; }
+    int RDSstate() override
+    {
+        record("RDSstate", {});
+        return m_rdsState;
+    }
     QString amList() override;
-    int amMaxFreq() override { record("amMaxFreq", {}); return m_amHigh; }
-    int amMinFreq() override { record("amMinFreq", {}); return m_amLow; }
-    int amStep() override { record("amStep", {}); return m_amStep; }
+    int amMaxFreq() override
+    {
+        record("amMaxFreq", {});
+        return m_amHigh;
+    }
+    int amMinFreq() override
+    {
+        record("amMinFreq", {});
+        return m_amLow;
+    }
+    int amStep() override
+    {
+        record("amStep", {});
+        return m_amStep;
+    }
     void autoScan() override;
-    int band() override { record("band", {}); return m_band; }
+    int band() override
+    {
+        record("band", {});
+        return m_band;
+    }
     QString bandCurFreq() override;
-    int bandId() override { record("bandId", {}); return m_band; }
+    int bandId() override
+    {
+        record("bandId", {});
+        return m_band;
+    }
     QString bandPos() override;
-    int bandSwitch() override { record("bandSwitch", {}); return isFm(m_band) ? 0 : 1; }
-    void changeBand(int band) override { record("changeBand", {band}); selectBand(band); }
+    int bandSwitch() override
+    {
+        record("bandSwitch", {});
+        return isFm(m_band) ? 0 : 1;
+    }
+    void changeBand(int band) override
+    {
+        record("changeBand", {band});
+        selectBand(band);
+    }
     void config(bool isLocal, int rds, int rdsFunc) override;
     QString fmList() override;
-    int fmMaxFreq() override { record("fmMaxFreq", {}); return m_fmHigh; }
-    int fmMinFreq() override { record("fmMinFreq", {}); return m_fmLow; }
-    int fmStep() override { record("fmStep", {}); return m_fmStep; }
-    int freqBandId() override { record("freqBandId", {}); return m_band; }
-    int frequency() override { record("frequency", {}); return m_curFreq[m_band]; }
-    int highFrequency() override { record("highFrequency", {}); return high(m_band); }
-    int initAfTa() override { record("initAfTa", {}); return (m_af ? 1 : 0) + (m_ta ? 2 : 0); }
+    int fmMaxFreq() override
+    {
+        record("fmMaxFreq", {});
+        return m_fmHigh;
+    }
+    int fmMinFreq() override
+    {
+        record("fmMinFreq", {});
+        return m_fmLow;
+    }
+    int fmStep() override
+    {
+        record("fmStep", {});
+        return m_fmStep;
+    }
+    int freqBandId() override
+    {
+        record("freqBandId", {});
+        return m_band;
+    }
+    int frequency() override
+    {
+        record("frequency", {});
+        return m_curFreq[m_band];
+    }
+    int highFrequency() override
+    {
+        record("highFrequency", {});
+        return high(m_band);
+    }
+    int initAfTa() override
+    {
+        record("initAfTa", {});
+        return (m_af ? 1 : 0) + (m_ta ? 2 : 0);
+    }
     QString initAfTaList() override;
-    int initLocal() override { record("initLocal", {}); return m_local ? 1 : 0; }
+    int initLocal() override
+    {
+        record("initLocal", {});
+        return m_local ? 1 : 0;
+    }
     QString initPsName1() override;
     QString initPsName2() override;
-    int initRegional() override { record("initRegional", {}); return m_regional ? 1 : 0; }
-    bool isAfEnable() override { record("isAfEnable", {}); return m_af; }
-    bool isLocal() override { record("isLocal", {}); return m_local; }
-    bool isTaEnable() override { record("isTaEnable", {}); return m_ta; }
-    int lowFrequency() override { record("lowFrequency", {}); return low(m_band); }
-    int piTpStatus() override { record("piTpStatus", {}); return m_piTp; }
+    int initRegional() override
+    {
+        record("initRegional", {});
+        return m_regional ? 1 : 0;
+    }
+    bool isAfEnable() override
+    {
+        record("isAfEnable", {});
+        return m_af;
+    }
+    bool isLocal() override
+    {
+        record("isLocal", {});
+        return m_local;
+    }
+    bool isTaEnable() override
+    {
+        record("isTaEnable", {});
+        return m_ta;
+    }
+    int lowFrequency() override
+    {
+        record("lowFrequency", {});
+        return low(m_band);
+    }
+    int piTpStatus() override
+    {
+        record("piTpStatus", {});
+        return m_piTp;
+    }
     void ptySearch(int pty) override;
-    int ptyType() override { record("ptyType", {}); return currentStation() ? currentStation()->pty : 0; }
+    int ptyType() override
+    {
+        record("ptyType", {});
+        return currentStation() ? currentStation()->pty : 0;
+    }
     void rdsCtrl(bool ta, bool af, bool regional) override;
-    QString rdsName() override { record("rdsName", {}); return currentPs(); }
-    QString rdsProgramName() override { record("rdsProgramName", {}); return currentPs(); }
+    QString rdsName() override
+    {
+        record("rdsName", {});
+        return currentPs();
+    }
+    QString rdsProgramName() override
+    {
+        record("rdsProgramName", {});
+        return currentPs();
+    }
     void savePreset(int value) override;
-    void seekBackward() override { record("seekBackward", {}); startSeek(false); }
-    void seekForward() override { record("seekForward", {}); startSeek(true); }
-    int seekType() override { record("seekType", {}); return m_work == 3 ? 1 : 0; }
+    void seekBackward() override
+    {
+        record("seekBackward", {});
+        startSeek(false);
+    }
+    void seekForward() override
+    {
+        record("seekForward", {});
+        startSeek(true);
+    }
+    int seekType() override
+    {
+        record("seekType", {});
+        return m_work == 3 ? 1 : 0;
+    }
     void setAf(bool state) override;
     void setPreset(int value) override;
     void setTa(bool state) override;
-    void setband(int band) override { record("setband", {band}); selectBand(band); }
-    int stepFrequency() override { record("stepFrequency", {}); return step(m_band); }
+    void setband(int band) override
+    {
+        record("setband", {band});
+        selectBand(band);
+    }
+    int stepFrequency() override
+    {
+        record("stepFrequency", {});
+        return step(m_band);
+    }
     void taAlarmCancel(int type) override;
     void terminate() override;
-    void tune(int freq) override { record("tune", {freq}); tuneTo(freq); }
-    int workStateType() override { record("workStateType", {}); return m_work; }
+    void tune(int freq) override
+    {
+        record("tune", {freq});
+        tuneTo(freq);
+    }
+    int workStateType() override
+    {
+        record("workStateType", {});
+        return m_work;
+    }
 
 private:
     static bool isFm(int band) { return tuner::isFmBandNumber(band); }

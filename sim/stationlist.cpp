@@ -1,10 +1,10 @@
 #include "stationlist.h"
 
+#include <QDebug>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QDebug>
 
 #include <algorithm>
 
@@ -53,7 +53,8 @@ void StationList::fitToBand(QVector<Station> &stations, int low, int high, int s
             s.freq = low + ((s.freq - low + step / 2) / step) * step;
         if (s.freq < low || s.freq > high)
             continue;
-        const bool taken = std::any_of(fitted.cbegin(), fitted.cend(), [&](const Station &o) { return o.freq == s.freq; });
+        const bool taken
+            = std::any_of(fitted.cbegin(), fitted.cend(), [&](const Station &o) { return o.freq == s.freq; });
         if (!taken)
             fitted.append(s);
     }

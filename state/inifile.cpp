@@ -122,8 +122,7 @@ ParsedIni parseIni(const QByteArray &content)
             key.append(section).append('/');
         key.append(name);
         if (name.contains('/')) {
-            if (parsed.values.contains(key)
-                && nestedSectionLength.value(key, key.lastIndexOf('/')) > section.size())
+            if (parsed.values.contains(key) && nestedSectionLength.value(key, key.lastIndexOf('/')) > section.size())
                 continue;
             nestedSectionLength.insert(key, section.size());
         } else if (!nestedSectionLength.isEmpty()) {
@@ -200,7 +199,8 @@ bool IniFile::readParsed(QHash<QByteArray, QByteArray> *values)
         return false;
     }
     if (info.size() > kMaxFileBytes) {
-        TUNER_WAR() << m_path << info.size() << "bytes is too large for a tuner file; defaults are used and it is left alone.";
+        TUNER_WAR() << m_path << info.size()
+                    << "bytes is too large for a tuner file; defaults are used and it is left alone.";
         m_writable = false;
         return false;
     }
@@ -328,14 +328,31 @@ QByteArray IniFile::escapedString(const QString &text)
         }
         escapeNextIfHexDigit = false;
         switch (ch) {
-        case '\0': result += "\\0"; escapeNextIfHexDigit = true; break;
-        case '\a': result += "\\a"; break;
-        case '\b': result += "\\b"; break;
-        case '\f': result += "\\f"; break;
-        case '\n': result += "\\n"; break;
-        case '\r': result += "\\r"; break;
-        case '\t': result += "\\t"; break;
-        case '\v': result += "\\v"; break;
+        case '\0':
+            result += "\\0";
+            escapeNextIfHexDigit = true;
+            break;
+        case '\a':
+            result += "\\a";
+            break;
+        case '\b':
+            result += "\\b";
+            break;
+        case '\f':
+            result += "\\f";
+            break;
+        case '\n':
+            result += "\\n";
+            break;
+        case '\r':
+            result += "\\r";
+            break;
+        case '\t':
+            result += "\\t";
+            break;
+        case '\v':
+            result += "\\v";
+            break;
         case '"':
         case '\\':
             result += '\\';

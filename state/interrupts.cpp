@@ -18,8 +18,7 @@ void audioStatus(McuManager::AudioStatus status)
 InterruptBookkeeping::InterruptBookkeeping(NiloRadioServiceInterface *radio, QObject *parent)
     : QObject(parent)
     , m_radio(radio)
-{
-}
+{}
 
 bool InterruptBookkeeping::alarmLive()
 {

@@ -6,9 +6,9 @@
 #include "translator.h"
 #include "tunerlog.h"
 
+#include "tunerpaths.h"
 #include <algorithm>
 #include <vector>
-#include "tunerpaths.h"
 
 #include <QStringList>
 #include <QVector>
@@ -184,8 +184,9 @@ void Preferences::watchStation(const void *owner, std::function<void()> changed)
 void Preferences::unwatchStation(const void *owner)
 {
     auto &watchers = stationWatchers();
-    watchers.erase(std::remove_if(watchers.begin(), watchers.end(), [owner](const auto &w) { return w.first == owner; }),
-                   watchers.end());
+    watchers.erase(
+        std::remove_if(watchers.begin(), watchers.end(), [owner](const auto &w) { return w.first == owner; }),
+        watchers.end());
 }
 
 void Preferences::stationChanged()
@@ -379,9 +380,9 @@ void Preferences::saveRdsName(Band band, int index, const QString &name)
 
 // --- state from the radio service -----------------------------------------
 
-void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max,
-                       int am_freq_min, int am_step, const QString &band_current_freq,
-                       const QString &band_position, const QString &fm_list, const QString &am_list)
+void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min, int am_step,
+                       const QString &band_current_freq, const QString &band_position, const QString &fm_list,
+                       const QString &am_list)
 {
     const QVector<int> currentFreqs = parseIntList(band_current_freq, "band_current_freq");
     QVector<int> positions = parseIntList(band_position, "band_position");
@@ -396,8 +397,7 @@ void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_fre
         if (f > 0)
             amPresets.append(f);
 
-    auto setUpFamily = [&](int firstBand, int lastBand, int low, int high, int step,
-                           const QVector<int> &presets) {
+    auto setUpFamily = [&](int firstBand, int lastBand, int low, int high, int step, const QVector<int> &presets) {
         int next = 0;
         for (int b = firstBand; b <= lastBand && b < positions.size(); ++b) {
             if (isFmBand(b)) {
@@ -509,8 +509,7 @@ void Preferences::restoreStoredAfTa()
 // Names of the 18 FM presets arrive in two strings of nine: the first from
 // band 0 preset 0 up to band 1 preset 5, the second from band 1 preset 3 up
 // to band 2 preset 5. Empty parts are names too (a preset without one).
-static void fillRdsNames(Preferences::flagBand *bands, int band, int preset, int lastBand,
-                         const QString &names)
+static void fillRdsNames(Preferences::flagBand *bands, int band, int preset, int lastBand, const QString &names)
 {
     const QStringList list = names.split(QLatin1Char(';'));
     int next = 0;

@@ -88,9 +88,9 @@ public:
     int rewrites() const;
 
     // Initial state from the radio service.
-    void init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min,
-              int am_step, const QString &band_current_freq, const QString &band_position,
-              const QString &fm_list, const QString &am_list);
+    void init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min, int am_step,
+              const QString &band_current_freq, const QString &band_position, const QString &fm_list,
+              const QString &am_list);
     void setPsName1(const QString &names);
     void setPsName2(const QString &names);
 
@@ -104,13 +104,25 @@ public:
     void setCancelAlarm(bool on) { m_cancelAlarm = on; }
     void setCloseClick(bool on) { m_closeClicked = on; }
     void setNumberKeyInter(bool on) { m_numberKeyInter = on; }
-    void setRdsStatus(int state) { m_rdsState = state; stationChanged(); }
+    void setRdsStatus(int state)
+    {
+        m_rdsState = state;
+        stationChanged();
+    }
     void setPty(int pty) { m_pty = pty < 0 ? 0 : pty; }
-    void setPtyItem(int type) { m_ptyType = type; stationChanged(); }
+    void setPtyItem(int type)
+    {
+        m_ptyType = type;
+        stationChanged();
+    }
     void setPtySerchstate(int state) { m_ptySearchState = state; }
     void setWorkState(int state) { m_workState = state; }
     void setAutoCount(int count) { m_autoCount = count; } // part of the interface; nothing reads the count
-    void setCurRdsName(const QString &name) { m_curRdsName = name; stationChanged(); }
+    void setCurRdsName(const QString &name)
+    {
+        m_curRdsName = name;
+        stationChanged();
+    }
     void setCurPTYItem(const QString &item) { m_selectPty = item; }
     void setPTYSerchName(const QString &name) { m_ptySearchName = name; }
     void setSavePreset(int index, bool on);

@@ -18,8 +18,8 @@ constexpr int kIdle = 0;
 
 RadioEdge::RadioEdge(NiloRadioServiceInterface *radio, QObject *parent)
     : QObject(parent)
-    , m_watcher(new QDBusServiceWatcher(radio->service(), radio->connection(),
-                                        QDBusServiceWatcher::WatchForOwnerChange, this))
+    , m_watcher(new QDBusServiceWatcher(radio->service(), radio->connection(), QDBusServiceWatcher::WatchForOwnerChange,
+                                        this))
 {
     m_endOfTurn.setSingleShot(true);
     m_endOfTurn.setInterval(0);
@@ -27,7 +27,8 @@ RadioEdge::RadioEdge(NiloRadioServiceInterface *radio, QObject *parent)
     connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &RadioEdge::onOwnerChanged);
 
     connect(radio, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
-            this, SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
+                          this,
+                          SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
     connect(radio, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
     connect(radio, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
     connect(radio, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
@@ -97,11 +98,11 @@ void RadioEdge::deliverWaiting()
 void RadioEdge::onInitDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list,
                            int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning,
                            int current_band_num, int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max,
-                           int am_freq_min, int am_step, const QString &band_current_freq,
-                           const QString &band_position, int local, int regional)
+                           int am_freq_min, int am_step, const QString &band_current_freq, const QString &band_position,
+                           int local, int regional)
 {
-    radiocheck::InitData d{band_switch, band_id, fm_list, am_list, fm_freq_max, fm_freq_min, fm_step,
-                           am_freq_max, am_freq_min, am_step, band_current_freq, band_position, local, regional};
+    radiocheck::InitData d{band_switch, band_id,     fm_list, am_list,           fm_freq_max,   fm_freq_min, fm_step,
+                           am_freq_max, am_freq_min, am_step, band_current_freq, band_position, local,       regional};
     radiocheck::initData(d);
     pass(Kind::Event, [=] {
         emit initDate(d.bandSwitch, d.bandId, d.fmList, d.amList, current_fm_freq, current_am_freq, fm_istuning,

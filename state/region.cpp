@@ -11,20 +11,23 @@ namespace {
 
 // Bands 1 and 2 start on the FM low edge and keep all presets there; band 4
 // likewise on the AM low edge. Only band 0 and band 3 carry real presets.
-constexpr tagTunerRegionVariant_T variant(qint32 fmLow, qint32 fmHigh, qint32 fmStep, qint32 amLow,
-                                          qint32 amHigh, qint32 amStep,
-                                          const qint32 (&fm0)[kPresetCount],
+constexpr tagTunerRegionVariant_T variant(qint32 fmLow, qint32 fmHigh, qint32 fmStep, qint32 amLow, qint32 amHigh,
+                                          qint32 amStep, const qint32 (&fm0)[kPresetCount],
                                           const qint32 (&am3)[kPresetCount], qint32 am4 = 0)
 {
     const qint32 amLowBands = am4 ? am4 : amLow;
-    return tagTunerRegionVariant_T{
-        fmLow, fmHigh, fmStep, amLow, amHigh, amStep,
-        {{fm0[0], fm0[1], fm0[2], fm0[3], fm0[4], fm0[5]},
-         {fmLow, fmLow, fmLow, fmLow, fmLow, fmLow},
-         {fmLow, fmLow, fmLow, fmLow, fmLow, fmLow},
-         {am3[0], am3[1], am3[2], am3[3], am3[4], am3[5]},
-         {amLowBands, amLowBands, amLowBands, amLowBands, amLowBands, amLowBands}},
-        {fmLow, fmLow, fmLow, amLowBands, amLowBands}};
+    return tagTunerRegionVariant_T{fmLow,
+                                   fmHigh,
+                                   fmStep,
+                                   amLow,
+                                   amHigh,
+                                   amStep,
+                                   {{fm0[0], fm0[1], fm0[2], fm0[3], fm0[4], fm0[5]},
+                                    {fmLow, fmLow, fmLow, fmLow, fmLow, fmLow},
+                                    {fmLow, fmLow, fmLow, fmLow, fmLow, fmLow},
+                                    {am3[0], am3[1], am3[2], am3[3], am3[4], am3[5]},
+                                    {amLowBands, amLowBands, amLowBands, amLowBands, amLowBands, amLowBands}},
+                                   {fmLow, fmLow, fmLow, amLowBands, amLowBands}};
 }
 
 constexpr qint32 kEurFm[kPresetCount] = {8750, 9750, 9800, 9850, 10750, 10800};
@@ -44,8 +47,9 @@ const tagTunerRegion_T tunerRegionTable[kRegionCount] = {
     {0, "EUR", {kEur, kZero}},
     {1, "UC", {kUc, kZero}},
     {18, "E17", {kEur, kZero}},
-    {3, "E", {variant(8750, 10800, 10, 530, 1710, 10, kEurFm, kUcAm),
-              variant(8750, 10790, 20, 530, 1710, 10, kUcFm, kUcAm)}},
+    {3,
+     "E",
+     {variant(8750, 10800, 10, 530, 1710, 10, kEurFm, kUcAm), variant(8750, 10790, 20, 530, 1710, 10, kUcFm, kUcAm)}},
     {4, "RU2", {kEur, kZero}},
     {21, "IN", {kEur, kZero}},
     {26, "EA", {kEur, kZero}},

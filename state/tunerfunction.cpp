@@ -47,8 +47,7 @@ void tunerfunction::resetInstance()
 
 tunerfunction::tunerfunction()
     : m_radio(bus::createRadioProxy(this))
-{
-}
+{}
 
 // Seek and manual clicks: a running automatic store or PTY search is only
 // stopped; a running seek is stopped and the playing frequency tuned again.

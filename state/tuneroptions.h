@@ -16,8 +16,8 @@ enum tunerOptionItem {
 struct tagTunerOpItem_T
 {
     tunerOptionItem item;
-    int textId;     // translator id of the row's caption
-    QString value;  // current-value text
+    int textId;    // translator id of the row's caption
+    QString value; // current-value text
     bool enabled;
     bool showable;
 };

@@ -1,7 +1,7 @@
 #include "inifile.h"
 #include "region.h"
-#include "tuneroptions.h"
 #include "tunerlog.h"
+#include "tuneroptions.h"
 
 #include <QCoreApplication>
 

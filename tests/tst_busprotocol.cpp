@@ -62,7 +62,8 @@ private slots:
         m_fakes = std::make_unique<FakeServices>();
         QVERIFY(m_fakes->start());
         const QString owner = m_fakes->connection().baseService();
-        QTRY_VERIFY(std::any_of(owners.cbegin(), owners.cend(), [&](const QList<QVariant> &change) { return change.at(2) == owner; }));
+        QTRY_VERIFY(std::any_of(owners.cbegin(), owners.cend(),
+                                [&](const QList<QVariant> &change) { return change.at(2) == owner; }));
         m_proxies = std::make_unique<Proxies>();
     }
 
@@ -95,10 +96,22 @@ private slots:
         QTest::addColumn<QVariant>("expected");
 
         const QList<QPair<const char *, Getter>> getters = {
-            {"int", [](Proxies &p) { return read(p.radio->bandId()); }},
-            {"string", [](Proxies &p) { return read(p.radio->fmList()); }},
-            {"bool", [](Proxies &p) { return read(p.radio->isAfEnable()); }},
-            {"source int", [](Proxies &p) { return read(p.source->currentWindow()); }},
+            {"int",
+             [](Proxies &p) {
+                 return read(p.radio->bandId());
+             }},
+            {"string",
+             [](Proxies &p) {
+                 return read(p.radio->fmList());
+             }},
+            {"bool",
+             [](Proxies &p) {
+                 return read(p.radio->isAfEnable());
+             }},
+            {"source int",
+             [](Proxies &p) {
+                 return read(p.source->currentWindow());
+             }},
         };
         const QVariant answers[] = {QVariant(3), QVariant(QStringLiteral("8750 Ü")), QVariant(true), QVariant(9)};
         const QVariant defaults[] = {QVariant(0), QVariant(QString()), QVariant(false), QVariant(0)};
@@ -122,7 +135,8 @@ private slots:
         m_fakes->source()->setAnswer(QStringLiteral("currentWindow"), 9);
         if (failure == QLatin1String("absent"))
             m_fakes->stop();
-        for (ServiceBackend *b : {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
+        for (ServiceBackend *b :
+             {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
             b->setHung(failure == QLatin1String("hung"));
             b->setMalformed(failure == QLatin1String("malformed"));
         }

@@ -21,8 +21,8 @@ static int pixelsApart(const QImage &first, const QImage &second, int levels, co
     for (int y = 0; y < a.height(); ++y) {
         for (int x = 0; x < a.width(); ++x) {
             const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            const int apart = std::max({std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
-                                        std::abs(qBlue(p) - qBlue(q))});
+            const int apart = std::max(
+                {std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
             differing += apart > levels && !ignored.contains(x, y);
         }
     }
@@ -75,9 +75,9 @@ private slots:
         m_ivi = qEnvironmentVariable("TUNER_E2E_WAYLAND") == QLatin1String("ivi");
         m_parkAt = m_ivi ? QPoint(1000, 700) : QPoint(799, 479); // kiosk-shell: in the corner not compared
         m_realPointer = m_wayland || qEnvironmentVariableIsSet("TUNER_E2E_X11");
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), m_wayland ? QStringLiteral("wayland")
-                                                  : m_realPointer ? QStringLiteral("xcb")
-                                                                  : QStringLiteral("offscreen"));
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), m_wayland       ? QStringLiteral("wayland")
+                                                      : m_realPointer ? QStringLiteral("xcb")
+                                                                      : QStringLiteral("offscreen"));
         m_sim.setEnvironment(env);
         if (m_ivi) { // every request the host makes of the compositor, to count its surfaces
             env.insert(QStringLiteral("WAYLAND_DEBUG"), QStringLiteral("client"));
@@ -85,22 +85,26 @@ private slots:
         }
         m_host.setEnvironment(env);
 
-        QVERIFY(m_sim.start(QStringLiteral(SIM_EXECUTABLE), {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"},
+        QVERIFY(m_sim.start(QStringLiteral(SIM_EXECUTABLE),
+                            {"--state", m_dir.path() + "/sim.json", "--time-scale", "10"},
                             ChildProcess::Output::MergedCaptured));
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("com.nilo.mcu")), 10000);
         QVERIFY(m_host.start(QStringLiteral(HOST_EXECUTABLE), QStringList()));
         QTRY_VERIFY_WITH_TIMEOUT(serviceUp(QStringLiteral("nilo.TunerHost")), 15000);
 
-        m_automation = std::make_unique<QDBusInterface>(QStringLiteral("nilo.TunerHost"), QStringLiteral("/Host"),
-                                                        QStringLiteral("nilo.TunerHost"), QDBusConnection::sessionBus());
-        m_simControl = std::make_unique<QDBusInterface>(QStringLiteral("com.nilo.mcu"), QStringLiteral("/Simulator"),
-                                                        QStringLiteral("nilo.Simulator"), QDBusConnection::sessionBus());
+        m_automation
+            = std::make_unique<QDBusInterface>(QStringLiteral("nilo.TunerHost"), QStringLiteral("/Host"),
+                                               QStringLiteral("nilo.TunerHost"), QDBusConnection::sessionBus());
+        m_simControl
+            = std::make_unique<QDBusInterface>(QStringLiteral("com.nilo.mcu"), QStringLiteral("/Simulator"),
+                                               QStringLiteral("nilo.Simulator"), QDBusConnection::sessionBus());
         QVERIFY(m_automation->isValid());
         if (m_realPointer) {
             QProcess search;
             // weston's output window is known by its class.
-            search.start(QStringLiteral("xdotool"), m_wayland ? QStringList{"search", "--sync", "--class", "^Weston Compositor$"}
-                                                              : QStringList{"search", "--sync", "--name", "^Nilo tuner$"});
+            search.start(QStringLiteral("xdotool"),
+                         m_wayland ? QStringList{"search", "--sync", "--class", "^Weston Compositor$"}
+                                   : QStringList{"search", "--sync", "--name", "^Nilo tuner$"});
             QVERIFY(search.waitForFinished(10000));
             m_window = QString::fromLatin1(search.readAllStandardOutput()).section(QLatin1Char('\n'), 0, 0);
             QVERIFY2(!m_window.isEmpty(), "the window is not on the X server");
@@ -162,9 +166,11 @@ private slots:
     void seekKeyLandsOnTheNextStation()
     {
         // The tuner screen takes the key (and beeps) before the main window would.
-        const QDBusReply<bool> down = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1002);
+        const QDBusReply<bool> down
+            = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1002);
         QCOMPARE(down.value(), true);
-        const QDBusReply<bool> release = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1003);
+        const QDBusReply<bool> release
+            = m_automation->call(QStringLiteral("sourceKey"), QStringLiteral("tuner.src"), 47, 1003);
         QCOMPARE(release.value(), true);
         QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("88.00"), 10000);
         QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0037_rds_name")), QStringLiteral("BBC R2"), 10000);
@@ -192,7 +198,8 @@ private slots:
         const int first = QSettings(conf, QSettings::IniFormat).value("Freq/FM0/preset_0").toInt();
         QVERIFY(first != 8930);
         pointer("tap", centreOf(QStringLiteral("Key_0030_p1")));
-        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QString::number(first / 100.0, 'f', 2), 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QString::number(first / 100.0, 'f', 2),
+                                  10000);
         QTRY_VERIFY(widget(QStringLiteral("Key_0030_p1")).value("checked").toBool());
         pointer("tap", preset);
         QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("89.30"), 10000);
@@ -224,7 +231,9 @@ private slots:
 
     void optionsAndAPtySearch()
     {
-        const auto tap = [this](int x, int y) { pointer("tap", QPoint(x, y)); };
+        const auto tap = [this](int x, int y) {
+            pointer("tap", QPoint(x, y));
+        };
         const auto simState = [this] {
             const QDBusReply<QString> state = m_simControl->call(QStringLiteral("state"));
             return QJsonDocument::fromJson(state.value().toUtf8()).object();
@@ -294,7 +303,9 @@ private slots:
             const QString name = text(QStringLiteral("Txt_0037_rds_name"));
             return name.isEmpty() ? text(QStringLiteral("Txt_0035_rds_freq")) + QStringLiteral(" MHz") : name;
         };
-        const auto title = [this] { return playerctl({"-p", "nilo_tuner", "metadata", "xesam:title"}); };
+        const auto title = [this] {
+            return playerctl({"-p", "nilo_tuner", "metadata", "xesam:title"});
+        };
         // The player announces a change up to 50 ms after the screen shows it:
         // the two must agree in three reads in a row, longer apart than that.
         const auto agreeSteadily = [&] {
@@ -338,7 +349,8 @@ private slots:
     void destroyAsksTheHostForDeletion()
     {
         m_automation->call(QStringLiteral("lifecycle"), QStringLiteral("onDestroy"));
-        QTRY_VERIFY(QDBusReply<QString>(m_automation->call(QStringLiteral("hostEvents"))).value().contains("deleteDelay"));
+        QTRY_VERIFY(
+            QDBusReply<QString>(m_automation->call(QStringLiteral("hostEvents"))).value().contains("deleteDelay"));
     }
 
     void quitEndsTheHost()
@@ -362,9 +374,11 @@ private:
         QStringList xdotool{"mousemove", "--window", m_window, QString::number(at.x()), QString::number(at.y())};
         const QByteArray touch(action);
         if (touch == "press" || touch == "tap")
-            xdotool << "mousedown" << "1";
+            xdotool << "mousedown"
+                    << "1";
         if (touch == "release" || touch == "tap")
-            xdotool << "mouseup" << "1";
+            xdotool << "mouseup"
+                    << "1";
         QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), xdotool), 0);
         // No signal tells when the host has taken the server's input: give it a turn.
         QTest::qWait(100);
@@ -424,7 +438,8 @@ private:
     {
         ChildProcess client;
         client.setEmulated(false);
-        if (!client.start(QStandardPaths::findExecutable(QStringLiteral("playerctl")), arguments, ChildProcess::Output::Captured)
+        if (!client.start(QStandardPaths::findExecutable(QStringLiteral("playerctl")), arguments,
+                          ChildProcess::Output::Captured)
             || !client.waitForFinished(10000))
             return QStringLiteral("(playerctl did not run)");
         return QString::fromUtf8(client.readAll()).trimmed();
@@ -437,8 +452,8 @@ private:
     ChildProcess m_sim;
     ChildProcess m_host;
     bool m_wayland = false;
-    bool m_ivi = false;        // under ivi-shell with hmi-controller
-    QPoint m_parkAt; // where the pointer rests while the output is compared
+    bool m_ivi = false; // under ivi-shell with hmi-controller
+    QPoint m_parkAt;    // where the pointer rests while the output is compared
     bool m_realPointer = false;
     QString m_window; // the X window the real pointer acts in: the host's, or weston's
     std::unique_ptr<QDBusInterface> m_automation;

@@ -22,7 +22,8 @@ QSet<QString> sourceMatches(const QString &pattern, const QStringList &nameFilte
     while (it.hasNext()) {
         const QString path = it.next();
         QFile file(path);
-        if (path.contains(QLatin1String("/build")) || path.contains(QLatin1String("/tests/")) || !file.open(QIODevice::ReadOnly))
+        if (path.contains(QLatin1String("/build")) || path.contains(QLatin1String("/tests/"))
+            || !file.open(QIODevice::ReadOnly))
             continue;
         auto matches = re.globalMatch(QString::fromUtf8(file.readAll()));
         while (matches.hasNext())
@@ -88,7 +89,8 @@ private slots:
     // The theme must have an image for every path a form or the code names.
     void everyImagePathInFormsAndSourcesLoads()
     {
-        const QSet<QString> paths = sourceMatches(QStringLiteral("(:/Resource/[A-Za-z0-9_/]+\\.png)"), {"*.ui", "*.cpp", "*.h"});
+        const QSet<QString> paths
+            = sourceMatches(QStringLiteral("(:/Resource/[A-Za-z0-9_/]+\\.png)"), {"*.ui", "*.cpp", "*.h"});
         QVERIFY(paths.size() >= 30); // the tuner screen alone names 38
         for (const QString &image : paths)
             QVERIFY2(!QPixmap(image).isNull(), qPrintable(image + QStringLiteral(" does not load")));
@@ -98,8 +100,10 @@ private slots:
     {
         QTest::addColumn<QString>("language");
         QTest::addColumn<QString>("news"); // text 53: the catalogue is the one asked for
+        // clang-format off
         QTest::newRow("English") << "en" << "News";
         QTest::newRow("German") << "de" << "Nachrichten";
+        // clang-format on
     }
 
     // Every text id the tuner asks for: each literal id in its code, and those
@@ -117,7 +121,8 @@ private slots:
             ids.insert(id);
         for (int id = 107; id <= 116; ++id)
             ids.insert(id);
-        for (const QString &literal : sourceMatches(QStringLiteral("Translator::translate\\((\\d+)\\)"), {"*.cpp", "*.h"}))
+        for (const QString &literal :
+             sourceMatches(QStringLiteral("Translator::translate\\((\\d+)\\)"), {"*.cpp", "*.h"}))
             ids.insert(literal.toInt());
         for (int id : qAsConst(ids))
             QVERIFY2(!Translator::translate(id).isEmpty(), qPrintable(QStringLiteral("text %1 is missing").arg(id)));

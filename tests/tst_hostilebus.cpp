@@ -21,9 +21,16 @@ Q_DECLARE_METATYPE(Condition)
 
 namespace {
 
-const QVariantMap kStation{{"bandId", 1}, {"bandPos", "0;0;0;0;0"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750},
-                           {"fmStep", 5}, {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
-                           {"bandCurFreq", "8800;9450;10020;999;1089"}, {"freqBandId", 1}};
+const QVariantMap kStation{{"bandId", 1},
+                           {"bandPos", "0;0;0;0;0"},
+                           {"fmMaxFreq", 10800},
+                           {"fmMinFreq", 8750},
+                           {"fmStep", 5},
+                           {"amMaxFreq", 1602},
+                           {"amMinFreq", 531},
+                           {"amStep", 9},
+                           {"bandCurFreq", "8800;9450;10020;999;1089"},
+                           {"freqBandId", 1}};
 
 } // namespace
 
@@ -114,18 +121,20 @@ private slots:
             thread->wait();
             delete thread;
         };
-        std::unique_ptr<QThread, decltype(joined)> sender(QThread::create([&] {
-            fromService([&](NiloRadioServiceBackend *radio) {
-                for (int i = 1; i <= reports; ++i) {
-                    if (kind == QLatin1String("station"))
-                        emit radio->stationChanged(8750 + 5 * (i % 400), 1);
-                    else if (kind == QLatin1String("name"))
-                        emit radio->ProgramName(QStringLiteral("NAME %1").arg(i));
-                    else
-                        emit radio->ProgramName(QString(1024 * 1024, QLatin1Char('X')));
-                }
-            });
-        }), joined);
+        std::unique_ptr<QThread, decltype(joined)> sender(
+            QThread::create([&] {
+                fromService([&](NiloRadioServiceBackend *radio) {
+                    for (int i = 1; i <= reports; ++i) {
+                        if (kind == QLatin1String("station"))
+                            emit radio->stationChanged(8750 + 5 * (i % 400), 1);
+                        else if (kind == QLatin1String("name"))
+                            emit radio->ProgramName(QStringLiteral("NAME %1").arg(i));
+                        else
+                            emit radio->ProgramName(QString(1024 * 1024, QLatin1Char('X')));
+                    }
+                });
+            }),
+            joined);
         if (kind == QLatin1String("huge name"))
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression("ProgramName of 1048576 characters is cut to 64"));
         sender->start();
@@ -148,11 +157,14 @@ private slots:
         prefs()->setCurrPlayFreqId(2);
         prefs()->setFavoriteFreq(2, prefs()->playFreq());
         fromService([](NiloRadioServiceBackend *radio) {
-            emit radio->PsName1(QStringLiteral("A\tB;C\x01" "D"));
-            emit radio->ProgramName(QStringLiteral("AB\nC\x01" "D\x7f"));
+            emit radio->PsName1(QStringLiteral("A\tB;C\x01"
+                                               "D"));
+            emit radio->ProgramName(QStringLiteral("AB\nC\x01"
+                                                   "D\x7f"));
         });
         QTRY_COMPARE(prefs()->curRdsName(), QStringLiteral("ABCD"));
-        QCOMPARE(player()->findChild<ScrollLabel *>(QStringLiteral("Txt_0037_rds_name"))->text(), QStringLiteral("ABCD"));
+        QCOMPARE(player()->findChild<ScrollLabel *>(QStringLiteral("Txt_0037_rds_name"))->text(),
+                 QStringLiteral("ABCD"));
         QCOMPARE(prefs()->rdsName(BAND_FM2, 2), QStringLiteral("ABCD")); // the lit preset is named after it
         QCOMPARE(m_state->settingsValue("Tuner/rdsName").toString(), QStringLiteral("ABCD"));
         QCOMPARE(prefs()->rdsName(BAND_FM1, 0), QStringLiteral("AB"));
@@ -202,6 +214,7 @@ private slots:
                 return false;
             });
         };
+        // clang-format off
         QTest::newRow("auto-store values below the band are stored") << Emit([](auto *r) { emit r->autoScanCompleted("5;0;7"); })
                                                                      << fm2Preset(7) << 0;
         QTest::newRow("auto-store value INT_MAX is stored") << Emit([](auto *r) { emit r->autoScanCompleted("2147483647"); })
@@ -231,6 +244,7 @@ private slots:
         }) << Check([] { return prefs()->favoritBandAt(BAND_FM1, 0) == 5 && prefs()->favoritBandAt(BAND_FM1, 1) == 9000; }) << 0;
         QTest::newRow("programme type 77 dropped") << Emit([](auto *r) { emit r->ptyChanged(77, "x"); })
                                                    << Check([] { return prefs()->PTYtype() == 0; }) << 1;
+        // clang-format on
     }
 
     void badValuesAreCheckedOnceAtTheEdge()

@@ -8,8 +8,8 @@
 #include "mainwindow.h"
 #include "nowplaying.h"
 #include "tunerfixture.h"
-#include "tunerplayer.h"
 #include "tuneroptions.h"
+#include "tunerplayer.h"
 
 #include <QtTest>
 
@@ -48,6 +48,7 @@ private slots:
         constexpr int LongUp = Qx::KeyLongReleased;
         // After a start-up with no answers AF, TA and Regional are off.
         const QString first = QStringLiteral("setPreset(0) setTa(false) setAf(true)");
+        // clang-format off
         QTest::newRow("next down beeps") << 7 << Down << 0 << "shown" << "passed | beep" << "taken | beep";
         QTest::newRow("7 short release steps up") << 7 << Short << 0 << "shown" << "taken " + first << "-";
         QTest::newRow("next short steps to preset 1") << 51 << Short << 0 << "shown" << "-" << "taken " + first;
@@ -127,6 +128,7 @@ private slots:
             << "taken setband(4) setPreset(5) | beep" << "taken setband(4) setband(4) setPreset(5) | beep";
         QTest::newRow("band from FM3 to AM1") << 33 << Short << 0 << "FM3 lit 5" << "taken setband(3)" << "taken setAf(false) setTa(false) setband(3)";
         QTest::newRow("band from AM2 wraps to FM1") << 33 << Short << 0 << "AM2 stored 0" << "taken setband(0)" << "taken setAf(true) setTa(false) setband(0)";
+        // clang-format on
     }
 
     void keyTable()
@@ -152,7 +154,7 @@ private slots:
         QTest::addColumn<bool>("next");
         QTest::addColumn<int>("workStatus");
         QTest::addColumn<QString>("gate"); // as in keyTable; "screen": the tuner screen is up
-        QTest::addColumn<int>("preset"); // the playing preset, 6 for none
+        QTest::addColumn<int>("preset");   // the playing preset, 6 for none
         QTest::addColumn<bool>("acts");
         QTest::newRow("next, no screens") << true << 0 << "shown" << 2 << true;
         QTest::newRow("previous from the first preset, no screens: back a band") << false << 0 << "shown" << 0 << true;
@@ -246,8 +248,10 @@ private:
     {
         Preferences *p = prefs();
         p->setWorkState(workStatus);
-        const QHash<QString, int> display{{"options", DisplayOptionList}, {"ptylist", DisplayPtyList},
-                                          {"search4", DisplayPtySearching}, {"search5", DisplayPtySearchEnded}};
+        const QHash<QString, int> display{{"options", DisplayOptionList},
+                                          {"ptylist", DisplayPtyList},
+                                          {"search4", DisplayPtySearching},
+                                          {"search5", DisplayPtySearchEnded}};
         g_TunerCurDSPL = display.value(gate, DisplayPlayer);
         if (gate == QLatin1String("popup") || gate == QLatin1String("ta-cancelled"))
             p->setTaAlarmStatus(INTERRUPT_TA);

@@ -3,17 +3,17 @@
 // audio focus, window destruction and the radio's reports.
 
 #include "audiomanager.h"
-#include "busreply.h"
 #include "basewindow.h"
+#include "busreply.h"
 #include "hostevents.h"
 #include "hostrecorder.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
-#include "tunerplayer.h"
-#include "tunerfixture.h"
 #include "timing.h"
-#include "warningcounter.h"
+#include "tunerfixture.h"
 #include "tuneroptions.h"
+#include "tunerplayer.h"
+#include "warningcounter.h"
 
 #include <QtTest>
 
@@ -30,8 +30,10 @@ QString interruptFlags()
     QStringList set;
     if (p->taOrAlarm() != INTERRUPT_NONE)
         set << QStringLiteral("interrupt=%1").arg(int(p->taOrAlarm()));
-    const std::pair<bool, const char *> flags[] = {{p->taStatus(), "ta"}, {p->alarmStatue(), "alarm"},
-                                                   {p->cancelTa(), "cancelTa"}, {p->cancelAlarm(), "cancelAlarm"}};
+    const std::pair<bool, const char *> flags[] = {{p->taStatus(), "ta"},
+                                                   {p->alarmStatue(), "alarm"},
+                                                   {p->cancelTa(), "cancelTa"},
+                                                   {p->cancelAlarm(), "cancelAlarm"}};
     for (const auto &[on, name] : flags) {
         if (on)
             set << QLatin1String(name);
@@ -54,10 +56,7 @@ class tst_MainWindow : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        cm::BaseWindow::setHost(&m_host);
-    }
+    void initTestCase() { cm::BaseWindow::setHost(&m_host); }
 
     void init()
     {
@@ -66,7 +65,8 @@ private slots:
         m_fakes->clearCalls();
         m_host.events.clear();
         AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
-        for (ServiceBackend *b : {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
+        for (ServiceBackend *b :
+             {static_cast<ServiceBackend *>(m_fakes->radio()), static_cast<ServiceBackend *>(m_fakes->source())}) {
             b->setHung(false);
             b->setMalformed(false);
             b->setReplyDelay(0);
@@ -98,11 +98,12 @@ private slots:
         QTest::addColumn<int>("piTp");
         QTest::addColumn<int>("band"); // then; -1: the stored one stays
         QTest::addColumn<int>("playFreq");
-        QTest::addColumn<QString>("afta"); // the AF/TA commands sent
+        QTest::addColumn<QString>("afta");         // the AF/TA commands sent
         QTest::addColumn<QList<int>>("lastBands"); // band_FM, band_AM
-        QTest::addColumn<QString>("warning"); // the first "[WAR]" line
-        QTest::addColumn<int>("warned"); // how many
+        QTest::addColumn<QString>("warning");      // the first "[WAR]" line
+        QTest::addColumn<int>("warned");           // how many
         const QString unanswered = "did not answer bandSwitch, bandId, .*initAfTa ; the stored state is kept";
+        // clang-format off
         QTest::newRow("FM2") << "" << 0 << 1 << 0 << 1 << 9450 << "setTa(true) setAf(false)" << QList<int>{1, 3} << "" << 0;
         QTest::newRow("AM2: AF and TA sent off") << "" << 1 << 4 << 0 << 4 << 1089 << "setTa(false) setAf(false)" << QList<int>{0, 4} << "" << 0;
         QTest::newRow("announcement already running") << "" << 0 << 0 << 3 << 0 << 9000 << "setTa(true) setAf(false)" << QList<int>{0, 3} << "" << 0;
@@ -116,6 +117,7 @@ private slots:
                                                                << QList<int>{1, 3} << "answered initAfTa org.freedesktop.DBus.Error.Failed ;" << 1;
         QTest::newRow("answers garbage: every getter reads 0 or empty") << "malformed" << 0 << 1 << 0 << 0 << 8750 << "setTa(false) setAf(false)"
                                                                          << QList<int>{0, 3} << "answered bandSwitch .*InvalidSignature" << 4;
+        // clang-format on
     }
 
     void startupReadsTheRadio()
@@ -140,15 +142,27 @@ private slots:
         Preferences::resetInstance();
 
         NiloRadioServiceBackend *radio = m_fakes->radio();
-        radio->setAnswers({
-            {"bandSwitch", bandSwitch}, {"bandId", bandId},
-            {"fmList", "8800;8930;9050;9190;9310;9450;9580;9720;9870;10020;10150;10280"},
-            {"amList", "585;693;909"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
-            {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
-            {"bandCurFreq", "9000;9450;10020;999;1089"}, {"bandPos", "1;2;0;3;0"},
-            {"initLocal", 1}, {"initRegional", 0}, {"initAfTaList", "2;1;3"}, {"initAfTa", 2},
-            {"initPsName1", "BBC R2;NDR 2"}, {"initPsName2", "SWR3"}, {"piTpStatus", piTp},
-            {"rdsProgramName", "NDR 2"}, {"RDSstate", 3}});
+        radio->setAnswers({{"bandSwitch", bandSwitch},
+                           {"bandId", bandId},
+                           {"fmList", "8800;8930;9050;9190;9310;9450;9580;9720;9870;10020;10150;10280"},
+                           {"amList", "585;693;909"},
+                           {"fmMaxFreq", 10800},
+                           {"fmMinFreq", 8750},
+                           {"fmStep", 5},
+                           {"amMaxFreq", 1602},
+                           {"amMinFreq", 531},
+                           {"amStep", 9},
+                           {"bandCurFreq", "9000;9450;10020;999;1089"},
+                           {"bandPos", "1;2;0;3;0"},
+                           {"initLocal", 1},
+                           {"initRegional", 0},
+                           {"initAfTaList", "2;1;3"},
+                           {"initAfTa", 2},
+                           {"initPsName1", "BBC R2;NDR 2"},
+                           {"initPsName2", "SWR3"},
+                           {"piTpStatus", piTp},
+                           {"rdsProgramName", "NDR 2"},
+                           {"RDSstate", 3}});
         if (failure == QLatin1String("absent"))
             m_fakes->stop();
         radio->setHung(failure == QLatin1String("hung"));
@@ -170,7 +184,8 @@ private slots:
             QVERIFY(warnings.lines().at(0).contains(QRegularExpression(warning)));
         QCOMPARE(mcuCalls(), QStringList());
         if (band < 0) {
-            QTRY_VERIFY(warnings.lines().at(1).contains(QRegularExpression("did not answer initPsName1, .*RDSstate ;")));
+            QTRY_VERIFY(
+                warnings.lines().at(1).contains(QRegularExpression("did not answer initPsName1, .*RDSstate ;")));
             QCOMPARE(int(p->band()), 4);
             QCOMPARE(p->playFreq(), playFreq);
             QCOMPARE(p->favoritAt(2), 999);
@@ -184,13 +199,13 @@ private slots:
             QCOMPARE(file.readAll(), stored);
             return;
         }
-        const QStringList expected = QStringList{"bandSwitch()", "bandId()", "fmList()", "amList()", "fmMaxFreq()",
-                                                 "fmMinFreq()", "fmStep()", "amMaxFreq()", "amMinFreq()", "amStep()",
-                                                 "bandCurFreq()", "bandPos()", "initLocal()", "initRegional()",
-                                                 "initAfTaList()", "initAfTa()"}
-                                     + afta.split(QLatin1Char(' '))
-                                     + QStringList{"initPsName1()", "initPsName2()", "piTpStatus()",
-                                                   "rdsProgramName()", "RDSstate()"};
+        const QStringList expected
+            = QStringList{"bandSwitch()", "bandId()",       "fmList()",       "amList()",
+                          "fmMaxFreq()",  "fmMinFreq()",    "fmStep()",       "amMaxFreq()",
+                          "amMinFreq()",  "amStep()",       "bandCurFreq()",  "bandPos()",
+                          "initLocal()",  "initRegional()", "initAfTaList()", "initAfTa()"}
+              + afta.split(QLatin1Char(' '))
+              + QStringList{"initPsName1()", "initPsName2()", "piTpStatus()", "rdsProgramName()", "RDSstate()"};
         QTRY_COMPARE(radioCalls(), expected);
         radio->setReplyDelay(0);
         QCOMPARE(int(p->band()), band);
@@ -242,9 +257,17 @@ private slots:
     {
         QFETCH(int, delayMs);
         NiloRadioServiceBackend *radio = m_fakes->radio();
-        radio->setAnswers({{"bandId", 1}, {"bandPos", "1;1;1;1;1"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
-                           {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9}, {"freqBandId", 1},
-                           {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}});
+        radio->setAnswers({{"bandId", 1},
+                           {"bandPos", "1;1;1;1;1"},
+                           {"fmMaxFreq", 10800},
+                           {"fmMinFreq", 8750},
+                           {"fmStep", 5},
+                           {"amMaxFreq", 1602},
+                           {"amMinFreq", 531},
+                           {"amStep", 9},
+                           {"freqBandId", 1},
+                           {"bandCurFreq", "9000;9450;10020;999;1089"},
+                           {"initAfTa", 2}});
         radio->setReplyDelay(delayMs);
         MainWindow window;
         window.onCreate();
@@ -312,7 +335,7 @@ private slots:
 
         auto window = makeWindow();
         KeyEvent longPress(Qx::KeyLongPressed, key);
-        QVERIFY(window->sourceKeyEvent(&longPress)); // one step at once ...
+        QVERIFY(window->sourceKeyEvent(&longPress));                        // one step at once ...
         TUNER_VERIFY_AFTER_PERIOD(1000, prefs()->playFreqId() == expected); // ... and one a second later
         KeyEvent releaseEvent(Qx::EventType(release), key);
         QVERIFY(window->sourceKeyEvent(&releaseEvent));
@@ -332,6 +355,7 @@ private slots:
         QTest::addColumn<QString>("host");
         QTest::addColumn<QString>("state");
 
+        // clang-format off
         QTest::newRow("announcement starts and ends") << "start tp3 tp4" << "ch on off" << "" << "" << "";
         QTest::newRow("announcement while inactive is noted, shown at start")
             << "tp3 start" << "ch on" << "" << "" << "interrupt=2 ta";
@@ -368,6 +392,7 @@ private slots:
             << "start focus-1 tp3" << "ch" << "terminate()" << "" << "interrupt=2";
         QTest::newRow("refused focus starts nothing") << "tp3 refused start" << "" << "" << "" << "interrupt=2";
         QTest::newRow("showing the window starts it") << "tp3 refused start granted show" << "ch on" << "" << "" << "interrupt=2 ta";
+        // clang-format on
     }
 
     void interruptBookkeeping()
@@ -437,7 +462,8 @@ private slots:
         prefs()->setPtySerchstate(ptyState);
         g_TunerCurDSPL = 1;
         window->onDestroy();
-        QCOMPARE(m_fakes->describedCalls(m_fakes->source()), QVector<QString>(asked, QStringLiteral("currentWindow()")).toList());
+        QCOMPARE(m_fakes->describedCalls(m_fakes->source()),
+                 QVector<QString>(asked, QStringLiteral("currentWindow()")).toList());
         QCOMPARE(radioCalls(), terminated ? QStringList{"terminate()"} : QStringList());
         QCOMPARE(g_TunerCurDSPL, 0);
         QVERIFY(window->screenStack()->isHidden());
@@ -452,9 +478,11 @@ private slots:
         QTest::addColumn<QList<int>>("presets"); // FM1 presets 0..2 after the store
         QTest::addColumn<int>("lit");            // FM1 current preset id after the store
 
+        // clang-format off
         QTest::newRow("three stations, no screens") << "8800;9450;;10020;" << false << QList<int>{8800, 9450, 10020} << 0;
         QTest::newRow("only zeros, blanks and negatives") << "0;;-5;abc" << false << QList<int>{8750, 9750, 9800} << 0;
         QTest::newRow("with screens the stack lights the preset") << "8800;9450" << true << QList<int>{8800, 9450, 9800} << 6;
+        // clang-format on
     }
 
     void autoScanCompleted()
@@ -512,7 +540,7 @@ private slots:
         QCOMPARE(window->screenStack(), stack);
         QVERIFY(!stack->player()->isHidden());
         QCOMPARE(g_TunerCurDSPL, 0); // resume() shows the player without touching the display number
-        delete stack; // the host may delete the widget: the window lets go of it
+        delete stack;                // the host may delete the widget: the window lets go of it
         QCOMPARE(window->screenStack(), nullptr);
         KeyEvent key(Qx::KeyShortReleased, 66);
         QVERIFY(window->sourceKeyEvent(&key)); // no stack: nothing to forward to, no crash

@@ -41,8 +41,8 @@ public:
 
     QDBusMessage callOn(const QString &interface, const QString &method, const QVariantList &arguments = {})
     {
-        QDBusMessage message = QDBusMessage::createMethodCall(QLatin1String(NowPlaying::kServiceName),
-                                                              QLatin1String(NowPlaying::kObjectPath), interface, method);
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QLatin1String(NowPlaying::kServiceName), QLatin1String(NowPlaying::kObjectPath), interface, method);
         message.setArguments(arguments);
         QDBusPendingCall pending = m_bus.asyncCall(message);
         if (!QTest::qWaitFor([&] { return pending.isFinished(); }, 10000))
@@ -66,7 +66,8 @@ public:
     }
     void setProperty(const QString &name, const QVariant &value)
     {
-        callOn(QLatin1String(kProperties), QStringLiteral("Set"), {QLatin1String(kPlayer), name, QVariant::fromValue(QDBusVariant(value))});
+        callOn(QLatin1String(kProperties), QStringLiteral("Set"),
+               {QLatin1String(kPlayer), name, QVariant::fromValue(QDBusVariant(value))});
     }
 
     QList<QVariantMap> changes;
@@ -135,9 +136,10 @@ private slots:
         for (const char *method : {"Play", "Pause", "PlayPause", "Stop"})
             QCOMPARE(m_client->call(QLatin1String(method)).type(), QDBusMessage::ReplyMessage);
         m_client->call(QStringLiteral("Seek"), {std::numeric_limits<qlonglong>::min()});
-        m_client->call(QStringLiteral("SetPosition"), {QVariant::fromValue(QDBusObjectPath("/no/such/track")),
-                                                       std::numeric_limits<qlonglong>::max()});
-        QCOMPARE(m_client->call(QStringLiteral("Seek"), {QStringLiteral("not a number")}).type(), QDBusMessage::ErrorMessage);
+        m_client->call(QStringLiteral("SetPosition"),
+                       {QVariant::fromValue(QDBusObjectPath("/no/such/track")), std::numeric_limits<qlonglong>::max()});
+        QCOMPARE(m_client->call(QStringLiteral("Seek"), {QStringLiteral("not a number")}).type(),
+                 QDBusMessage::ErrorMessage);
         m_client->setProperty(QStringLiteral("Volume"), -1e308);
         m_client->setProperty(QStringLiteral("Rate"), QStringLiteral("fast"));
         const QDBusMessage open = m_client->call(QStringLiteral("OpenUri"), {QStringLiteral("file:///etc/passwd")});
@@ -176,6 +178,7 @@ private slots:
     {
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QString>("status");
+        // clang-format off
         QTest::newRow("never started") << "" << "Stopped";
         QTest::newRow("started") << "start" << "Playing";
         QTest::newRow("focus lost for a while") << "start focus-2" << "Paused";
@@ -185,6 +188,7 @@ private slots:
         QTest::newRow("source stopped") << "start stop" << "Stopped";
         QTest::newRow("window destroyed") << "start destroy" << "Stopped";
         QTest::newRow("focus refused") << "refused start" << "Stopped";
+        // clang-format on
     }
 
     void playbackFollowsSourceAndFocus()
@@ -223,11 +227,13 @@ private slots:
         QTest::addColumn<QString>("album");
         QTest::addColumn<QString>("frequency");
         QTest::addColumn<QStringList>("genre");
+        // clang-format off
         QTest::newRow("FM without a name") << 9450 << 0 << "" << 0 << "94.50 MHz" << "FM1" << "94.50 MHz" << QStringList();
         QTest::newRow("FM with a name and a programme type")
             << 9450 << 1 << "SWR3" << 10 << "SWR3" << "FM2" << "94.50 MHz" << QStringList{"Pop Music"};
         QTest::newRow("FM, name cleared") << 9450 << 2 << "NULL" << 1 << "94.50 MHz" << "FM3" << "94.50 MHz" << QStringList{"News"};
         QTest::newRow("AM: no name shown") << 999 << 3 << "BBC" << 0 << "999 kHz" << "AM1" << "999 kHz" << QStringList();
+        // clang-format on
     }
 
     void metadataFollowsTheStation()
@@ -255,11 +261,12 @@ private slots:
         QCOMPARE(client.lastMetadata("nilo:frequency").toInt(), freq);
         QCOMPARE(qdbus_cast<QDBusObjectPath>(client.lastMetadata("mpris:trackid")).path(),
                  QStringLiteral("/org/nilo/tuner/station/%1/%2").arg(album).arg(freq));
-        const QMap<QString, QString> types{{"mpris:trackid", "o"}, {"xesam:title", "s"}, {"xesam:artist", "as"},
-                                           {"xesam:album", "s"}, {"xesam:genre", "as"}, {"nilo:frequency", "i"},
-                                           {"nilo:band", "i"}, {"nilo:programmeType", "i"}};
+        const QMap<QString, QString> types{{"mpris:trackid", "o"}, {"xesam:title", "s"},       {"xesam:artist", "as"},
+                                           {"xesam:album", "s"},   {"xesam:genre", "as"},      {"nilo:frequency", "i"},
+                                           {"nilo:band", "i"},     {"nilo:programmeType", "i"}};
         QCOMPARE(client.metadataTypes(), types);
-        QCOMPARE(qdbus_cast<QVariantMap>(client.property(QStringLiteral("Metadata"))).value("xesam:title").toString(), title);
+        QCOMPARE(qdbus_cast<QVariantMap>(client.property(QStringLiteral("Metadata"))).value("xesam:title").toString(),
+                 title);
         // The screen clears the name on its own (a recalled preset with no
         // stored name): the title follows the screen, not the broadcast.
         m_window->screenStack()->RDSName(QString());
@@ -304,11 +311,13 @@ private slots:
     void aTakenNameGivesAnInstanceName()
     {
         QFETCH(bool, instanceTaken);
-        const QString instance = QStringLiteral("%1.instance%2").arg(NowPlaying::kServiceName).arg(QCoreApplication::applicationPid());
+        const QString instance
+            = QStringLiteral("%1.instance%2").arg(NowPlaying::kServiceName).arg(QCoreApplication::applicationPid());
         QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
         m_window.reset();
         // The window lets its name go without waiting for the bus: wait here.
-        QTRY_VERIFY(!QDBusConnection::sessionBus().interface()->isServiceRegistered(QLatin1String(NowPlaying::kServiceName)));
+        QTRY_VERIFY(
+            !QDBusConnection::sessionBus().interface()->isServiceRegistered(QLatin1String(NowPlaying::kServiceName)));
         QVERIFY(other.registerService(QLatin1String(NowPlaying::kServiceName)));
         if (instanceTaken)
             QVERIFY(other.registerService(instance));

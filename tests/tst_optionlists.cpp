@@ -6,8 +6,8 @@
 #include "optionwidget.h"
 #include "ptysearchwidget.h"
 #include "ptywidget.h"
-#include "tunerfixture.h"
 #include "timing.h"
+#include "tunerfixture.h"
 
 #include <QLabel>
 #include <QListView>
@@ -238,9 +238,9 @@ private slots:
     void ptyMarks_data()
     {
         QTest::addColumn<int>("support");
-        QTest::addColumn<int>("stored");   // the preferences' chosen type
+        QTest::addColumn<int>("stored"); // the preferences' chosen type
         QTest::addColumn<int>("received");
-        QTest::addColumn<int>("marked");   // code of the checked row, 0 for none
+        QTest::addColumn<int>("marked"); // code of the checked row, 0 for none
         QTest::addColumn<int>("storedAfter");
         QTest::newRow("a received type takes the mark and clears the choice") << 1 << 4 << 10 << 10 << 0;
         QTest::newRow("received 0 keeps the mark on the choice") << 1 << 4 << 0 << 4 << 4;
@@ -359,7 +359,6 @@ private slots:
         QVERIFY(prefs()->closeClicked());
         QCOMPARE(m_fakes->describedCalls(m_fakes->mcu()), QStringList{"triggerBeep(0)"});
     }
-
 };
 
 QTEST_MAIN(tst_OptionLists)

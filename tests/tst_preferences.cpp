@@ -4,9 +4,9 @@
 // past the preset tables.
 
 #include "inifile.h"
-#include "tuneroptions.h"
 #include "teststate.h"
 #include "translator.h"
+#include "tuneroptions.h"
 
 #include <QtTest>
 
@@ -31,6 +31,7 @@ private slots:
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("value");
         // Keys of "Tuner/" live in settings.ini, all others in radio.conf.
+        // clang-format off
         QTest::newRow("ta") << Action([](Preferences *p) { p->setTa(true); }) << "Tune/ta" << "true";
         QTest::newRow("af") << Action([](Preferences *p) { p->setAf(false); }) << "Tune/Af" << "false";
         QTest::newRow("regional") << Action([](Preferences *p) { p->setRegional(false); }) << "Tune/Regional" << "false";
@@ -55,6 +56,7 @@ private slots:
         QTest::newRow("rds name, one key for all presets")
             << Action([](Preferences *p) { p->saveRdsName(BAND_AM1, 2, QStringLiteral("NDR 2")); })
             << "Tuner/rdsName" << "NDR 2";
+        // clang-format on
         // Names are stored so that QSettings reads them back as they were.
         const auto name = [](const QString &text) {
             return Action([text](Preferences *p) { p->saveRdsName(BAND_FM1, 0, text); });
@@ -73,13 +75,15 @@ private slots:
         TestState state;
         action(prefs());
         // Read by a second settings object while the singleton lives on: the write was synced.
-        const QVariant written = key.startsWith(QLatin1String("Tuner/")) ? state.settingsValue(key) : state.radioConfValue(key);
+        const QVariant written
+            = key.startsWith(QLatin1String("Tuner/")) ? state.settingsValue(key) : state.radioConfValue(key);
         QCOMPARE(written.toString(), value);
     }
 
     void badIndexesChangeNothing_data()
     {
         QTest::addColumn<Action>("action");
+        // clang-format off
         QTest::newRow("preset -1") << Action([](Preferences *p) { p->setFavoriteFreq(-1, 9000); });
         QTest::newRow("preset 6") << Action([](Preferences *p) { p->setFavoriteFreq(6, 9000); });
         QTest::newRow("TA flag 99") << Action([](Preferences *p) { p->setFmTa(99, true); });
@@ -95,6 +99,7 @@ private slots:
         QTest::newRow("saveFreq null list") << Action([](Preferences *p) { p->saveFreq(nullptr, 3); });
         QTest::newRow("saveFreq negative count") << Action([](Preferences *p) { const int f[] = {9000}; p->saveFreq(f, -2); });
         QTest::newRow("preset index 6") << Action([](Preferences *p) { p->setPresetIndex(6); });
+        // clang-format on
     }
 
     void badIndexesChangeNothing()
@@ -125,15 +130,17 @@ private slots:
     {
         QTest::addColumn<int>("destination");
         QTest::addColumn<int>("afTaTpSupport");
-        QTest::addColumn<QVector<int>>("fm0");   // low, high, step, current, preset 0, preset 5
+        QTest::addColumn<QVector<int>>("fm0"); // low, high, step, current, preset 0, preset 5
         QTest::addColumn<QVector<int>>("am3");
         QTest::addColumn<bool>("af");
 
+        // clang-format off
         QTest::newRow("EUR") << 0 << 1 << QVector<int>{8750, 10800, 5, 8750, 8750, 10800} << QVector<int>{531, 1602, 9, 531, 531, 1602} << true;
         QTest::newRow("UC without AF/TA/TP") << 1 << 0 << QVector<int>{8750, 10790, 20, 8750, 8750, 10790} << QVector<int>{530, 1710, 10, 530, 530, 1710} << false;
         QTest::newRow("E") << 3 << 1 << QVector<int>{8750, 10800, 10, 8750, 8750, 10800} << QVector<int>{530, 1710, 10, 530, 530, 1710} << true;
         QTest::newRow("JPN keeps its odd edges") << 7 << 1 << QVector<int>{7600, 900, 10, 7600, 7800, 8970} << QVector<int>{822, 1629, 9, 522, 594, 1422} << true;
         QTest::newRow("unknown destination") << 2 << 1 << QVector<int>{0, 0, 0, 0, 0, 0} << QVector<int>{0, 0, 0, 0, 0, 0} << true;
+        // clang-format on
     }
 
     void defaultsComeFromTheDestinationsRegion()
@@ -176,6 +183,7 @@ private slots:
         const QVector<int> eur{10800, 8750, 5, 1602, 531, 9};
         // Preset ids count from 1 (0: none); non-positive presets and empty
         // parts are skipped, and the presets run on across bands.
+        // clang-format off
         QTest::newRow("all bands") << eur
             << QStringList{"9000;9100;9200;999;1080", "1;0;6;;2;0", "8750;;9000;9100;9200;9300;9400;9500;0;-3;9600", "531;603"}
             << QStringList{"9000 0 0 0 5: 8750 9000 9100 9200 9300 9400", "9100 6 0 0 5: 9500 9600 ANY",
@@ -191,6 +199,7 @@ private slots:
             << QStringList{"0 6 0 0 5: 9000 ANY", "ANY 98 0 0 5: ANY", "ANY", "ANY", "ANY"} << QStringList()
             << QStringList{"band_current_freq x is not a number", "band_position junk is not a number",
                            "fm_list 98\\.5 is not a number", "has no current frequency"};
+        // clang-format on
     }
 
     void initTakesTheServiceLists()
@@ -203,11 +212,16 @@ private slots:
         TestState state;
         for (const QString &warning : warnings)
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
-        prefs()->init(ranges[0], ranges[1], ranges[2], ranges[3], ranges[4], ranges[5], lists[0], lists[1], lists[2], lists[3]);
+        prefs()->init(ranges[0], ranges[1], ranges[2], ranges[3], ranges[4], ranges[5], lists[0], lists[1], lists[2],
+                      lists[3]);
         for (int b = 0; b < kBandCount; ++b) {
             const Preferences::flagBand &d = prefs()->bandData(Band(b));
-            QString shown = QStringLiteral("%1 %2 %3 %4 %5:").arg(d.currFreq).arg(d.currFreqId).arg(d.presetIndex)
-                                .arg(d.btmFreqIdBefore).arg(d.step);
+            QString shown = QStringLiteral("%1 %2 %3 %4 %5:")
+                                .arg(d.currFreq)
+                                .arg(d.currFreqId)
+                                .arg(d.presetIndex)
+                                .arg(d.btmFreqIdBefore)
+                                .arg(d.step);
             for (const int preset : d.presets)
                 shown += QLatin1Char(' ') + QString::number(preset);
             // "ANY" ends what a row says of a band.
@@ -277,12 +291,14 @@ private slots:
         QTest::addColumn<QVector<int>>("freqs");
         QTest::addColumn<QStringList>("keys");
 
+        // clang-format off
         QTest::newRow("FM from band 2 preset 4: the rest is dropped")
             << 2 << 4 << QVector<int>{9000, 9100, 9200} << QStringList{"Freq/FM2/preset_4", "Freq/FM2/preset_5"};
         QTest::newRow("FM across a band") << 0 << 5 << QVector<int>{9000, 9100}
                                           << QStringList{"Freq/FM0/preset_5", "Freq/FM1/preset_0"};
         QTest::newRow("AM across a band") << 3 << 5 << QVector<int>{999, 1008}
                                           << QStringList{"Freq/AM3/preset_5", "Freq/AM4/preset_0"};
+        // clang-format on
     }
 
     void saveFreqFillsConsecutivePresets()
@@ -403,6 +419,7 @@ private slots:
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<bool>("movedAside");
         const QByteArray presets = "[Freq]\nFM0\\preset_0=9550\nFM0\\preset_1=9990\n[Tune]\nCurrBand=0\n";
+        // clang-format off
         QTest::newRow("UTF-8 BOM") << true << "\xEF\xBB\xBF" + presets << false;
         QTest::newRow("CR-only line ends") << true << QByteArray(presets).replace('\n', '\r') << false;
         QTest::newRow("CRLF line ends") << true << QByteArray(presets).replace("\n", "\r\n") << false;
@@ -420,6 +437,7 @@ private slots:
             << QByteArray("\xFF\xFE[\0T\0u\0n\0e\0r\0]\0\r\0\n\0r\0d\0s\0N\0a\0m\0e\0=\0X\0\r\0\n\0", 40) << true;
         QTest::newRow("binary garbage: moved aside") << true << QByteArray("[Freq\n\x01\x02\xff=\n[[[\n=5\n") << true;
         QTest::newRow("lines without keys: moved aside") << true << QByteArray("[Tune]\nthis is no key\n") << true;
+        // clang-format on
     }
 
     void filesAreReadAsQSettingsReadsThem()
@@ -490,9 +508,13 @@ private slots:
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("warning");
         const auto set = [](const char *key, const char *value) {
-            return Other([=](TestState &, const QString &path) { QSettings(path, QSettings::IniFormat).setValue(key, value); });
+            return Other(
+                [=](TestState &, const QString &path) { QSettings(path, QSettings::IniFormat).setValue(key, value); });
         };
-        const Other remove = [](TestState &, const QString &path) { QVERIFY(QFile::remove(path)); };
+        const Other remove = [](TestState &, const QString &path) {
+            QVERIFY(QFile::remove(path));
+        };
+        // clang-format off
         QTest::newRow("settings.ini: a key added") << false << set("Audio/volume", "7") << "Audio/volume" << "7" << "";
         QTest::newRow("radio.conf: a key added") << true << set("Media/last", "usb") << "Media/last" << "usb" << "";
         QTest::newRow("radio.conf: a tuner key the tuner did not store again")
@@ -506,9 +528,12 @@ private slots:
         QTest::newRow("settings.ini deleted") << false << remove << "Tuner/rdsName" << "N9" << "removed while the tuner ran; written anew";
         QTest::newRow("radio.conf overwritten with garbage") << true << Other([](TestState &, const QString &path) {
             QFile file(path);
+            // clang-format on
             QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
             file.write("\x01\x02 not an INI file\n");
-        }) << "Tune/ta" << "true" << "not a valid INI file; moved aside";
+        }) << "Tune/ta"
+                                                             << "true"
+                                                             << "not a valid INI file; moved aside";
     }
 
     void anotherWritersKeysSurvive()

@@ -24,10 +24,7 @@ class tst_RdsInterrupts : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        cm::BaseWindow::setHost(&m_host);
-    }
+    void initTestCase() { cm::BaseWindow::setHost(&m_host); }
 
     void cleanup()
     {
@@ -45,6 +42,7 @@ private slots:
         QTest::addColumn<QString>("nameText");
         QTest::addColumn<bool>("freqShown");
 
+        // clang-format off
         QTest::newRow("line mode 1, FM: name under the frequency") << 1 << 0 << "NDR 2" << true << "NDR 2" << true;
         QTest::newRow("line mode 1, AM: no name") << 1 << 3 << "NDR 2" << false << "NDR 2" << true;
         QTest::newRow("line mode 1, no name reported") << 1 << 0 << "" << true << "" << true;
@@ -52,6 +50,7 @@ private slots:
         QTest::newRow("line mode 0, FM, no name: the frequency") << 0 << 0 << "" << false << "" << true;
         QTest::newRow("line mode 0, AM: the frequency") << 0 << 4 << "NDR 2" << false << "NDR 2" << true;
         QTest::newRow("control characters are blanked") << 0 << 1 << "B\u00e4yern\u00b3" << true << "B yern " << false;
+        // clang-format on
     }
 
     void stationName()
@@ -84,9 +83,11 @@ private slots:
         QTest::addColumn<QString>("report");
         QTest::addColumn<QString>("label");
         QTest::addColumn<QString>("kept");
+        // clang-format off
         QTest::newRow("a name names the lit preset") << "" << "SWR3" << "SWR3" << "SWR3";
         QTest::newRow("no name forgets it") << "OLD" << "" << "97.50" << "";
         QTest::newRow("the screen's own empty name changes nothing") << "OLD" << "<screen>" << "OLD" << "OLD";
+        // clang-format on
     }
 
     void presetIsNamedAfterItsStation()
@@ -164,6 +165,7 @@ private slots:
         QTest::addColumn<int>("workStatus");
         QTest::addColumn<QStringList>("radio");
         // Preferences here: TA on, AF off, Regional on, Local on.
+        // clang-format off
         QTest::newRow("TA") << "onSetTa" << 0 << QStringList{"rdsCtrl(true,false,true)", "setTa(true)"};
         QTest::newRow("AF") << "onSetAf" << 0 << QStringList{"setAf(false)", "rdsCtrl(true,false,true)"};
         QTest::newRow("Regional") << "onSetRegional" << 0 << QStringList{"rdsCtrl(true,false,true)"};
@@ -173,6 +175,7 @@ private slots:
             << "onSetLocal" << 2 << QStringList{"config(true,1,1)", "terminate()", "tune(8750)"};
         QTest::newRow("PTY search") << "onSetPty" << 0 << QStringList{"ptySearch(10)"};
         QTest::newRow("PTY search during a seek") << "onSetPty" << 3 << QStringList{"terminate()", "tune(8750)", "ptySearch(10)"};
+        // clang-format on
     }
 
     void optionSwitchesReachTheRadio()
@@ -201,6 +204,7 @@ private slots:
         QTest::addColumn<int>("cancels");   // taAlarmCancel(1) calls; no seek, no tune
         QTest::addColumn<QString>("host");
 
+        // clang-format off
         QTest::newRow("an announcement raises the popup") << "tp3" << "Traffic" << "ch on" << 0 << "";
         QTest::newRow("its end closes it") << "tp3 tp4" << "" << "ch on off off" << 0 << "";
         QTest::newRow("an alarm raises the popup") << "tp5" << "Alarm" << "ch on" << 0 << "";
@@ -215,6 +219,7 @@ private slots:
         QTest::newRow("a hidden popup ignores Cancel") << "tp5 hide tap" << "Alarm" << "ch on" << 0 << "";
         QTest::newRow("no popup on AM") << "am tp3" << "" << "ch" << 0 << "";
         QTest::newRow("no popup without AF/TA/TP support") << "nosupport tp3" << "" << "ch" << 0 << "";
+        // clang-format on
     }
 
     void interrupts()
@@ -245,7 +250,8 @@ private slots:
             } else if (step == QLatin1String("touch")) {
                 QWidget *seek = player()->findChild<QWidget *>("Key_0029_seek_plus");
                 QWindow *window = m_window->screenStack()->windowHandle();
-                QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, seek->mapTo(m_window->screenStack(), seek->rect().center()));
+                QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier,
+                                  seek->mapTo(m_window->screenStack(), seek->rect().center()));
                 QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, QPoint(400, 400));
                 QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, QPoint(400, 200)); // a swipe's length
             } else if (step.startsWith(QLatin1String("key"))) {
@@ -260,7 +266,8 @@ private slots:
             QCOMPARE(shown->isVisible(), !stepList.contains(QStringLiteral("hide")));
         QCOMPARE(player()->interruptState(), popup.isEmpty() ? 0 : popup == QLatin1String("Alarm") ? 5 : 3);
         QCOMPARE(mcuInShort(), mcu);
-        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter(QRegularExpression("taAlarmCancel|seek|tune")).size(), cancels);
+        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter(QRegularExpression("taAlarmCancel|seek|tune")).size(),
+                 cancels);
         QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
         // Whichever page the interrupt left up shows the tuned frequency, not the form's placeholder.
         QWidget *page = player()->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget();

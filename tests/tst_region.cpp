@@ -55,11 +55,13 @@ private slots:
         QTest::addColumn<QVariant>("fm0Preset1");
         QTest::addColumn<QVariant>("am3Preset5");
 
+        // clang-format off
         QTest::newRow("EUR variant 1 is all zero") << "EUR" << 1 << QVariant(0) << QVariant(0) << QVariant(0);
         QTest::newRow("EUR variant 0") << "EUR" << 0 << QVariant(8750) << QVariant(9750) << QVariant(1602);
         QTest::newRow("e variant 1, name in any case") << "e" << 1 << QVariant(8750) << QVariant(9590) << QVariant(1710);
         QTest::newRow("no region: only the step") << "" << 1 << QVariant() << QVariant() << QVariant();
         QTest::newRow("unknown region: only the step") << "MARS" << 0 << QVariant() << QVariant() << QVariant();
+        // clang-format on
     }
 
     void tunerStepRewritesTheServiceConfiguration()
@@ -85,7 +87,9 @@ private slots:
 
         QSettings conf(path, QSettings::IniFormat);
         QCOMPARE(conf.value("Tune/TunerStep").toInt(), step);
-        const auto asInt = [](const QVariant &v) { return v.isValid() ? QVariant(v.toInt()) : v; };
+        const auto asInt = [](const QVariant &v) {
+            return v.isValid() ? QVariant(v.toInt()) : v;
+        };
         QCOMPARE(asInt(conf.value("Freq/FM0/CurrFreq")), fm0Current);
         QCOMPARE(asInt(conf.value("Freq/FM0/preset_1")), fm0Preset1);
         QCOMPARE(asInt(conf.value("Freq/AM3/preset_5")), am3Preset5);

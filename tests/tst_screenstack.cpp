@@ -150,8 +150,10 @@ private slots:
         m_stack->PTYsearchStatus(3);
         m_stack->PTYsearchStatus(6);
         QVERIFY(m_stack->optionReturnTimerActive());
-        const std::pair<QScroller::State, bool> waitsAfter[] = {
-            {QScroller::Pressed, true}, {QScroller::Dragging, false}, {QScroller::Scrolling, false}, {QScroller::Inactive, true}};
+        const std::pair<QScroller::State, bool> waitsAfter[] = {{QScroller::Pressed, true},
+                                                                {QScroller::Dragging, false},
+                                                                {QScroller::Scrolling, false},
+                                                                {QScroller::Inactive, true}};
         for (const auto &[state, waits] : waitsAfter) {
             m_stack->onListStateChange(state);
             QCOMPARE(m_stack->optionReturnTimerActive(), waits);

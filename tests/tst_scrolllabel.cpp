@@ -35,7 +35,7 @@ private slots:
         QCOMPARE(label.xPosition(), 0);
         QCOMPARE(label.isRunning(), false);
         QCOMPARE(state.last().at(0).toBool(), false);
-        QCOMPARE(state.count(QList<QVariant>{false}) , 1);
+        QCOMPARE(state.count(QList<QVariant>{false}), 1);
     }
 
     void clickRestartsAfterAPause()

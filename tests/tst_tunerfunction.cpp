@@ -2,8 +2,8 @@
 // each action sends in each work state, preset stepping across bands, band
 // cycling, storing, and the manual and preset repeat timers.
 
-#include "tunerfixture.h"
 #include "timing.h"
+#include "tunerfixture.h"
 #include "tunerfunction.h"
 
 #include <QtTest>
@@ -26,10 +26,7 @@ private slots:
         m_fakes->clearCalls();
     }
 
-    void cleanup()
-    {
-        m_state.reset();
-    }
+    void cleanup() { m_state.reset(); }
 
     // The idle cases, as the keys reach them, are in the key table.
     void actionsAreGatedByWorkState_data()
@@ -39,17 +36,34 @@ private slots:
         QTest::addColumn<int>("ptyState");
         QTest::addColumn<QStringList>("calls");
 
-        const Action seekUp = [](tunerfunction *f) { f->seekForward(); };
-        const Action seekDown = [](tunerfunction *f) { f->seekBackward(); };
-        const Action plus = [](tunerfunction *f) { f->ManualPlusClicked(); };
-        const Action minus = [](tunerfunction *f) { f->ManualMinusClicked(); };
-        const Action up = [](tunerfunction *f) { f->presetUP(); };
-        const Action down = [](tunerfunction *f) { f->presetDown(); };
-        const Action select2 = [](tunerfunction *f) { f->presetSelect(2); };
-        const Action band = [](tunerfunction *f) { f->changBand(); };
+        const Action seekUp = [](tunerfunction *f) {
+            f->seekForward();
+        };
+        const Action seekDown = [](tunerfunction *f) {
+            f->seekBackward();
+        };
+        const Action plus = [](tunerfunction *f) {
+            f->ManualPlusClicked();
+        };
+        const Action minus = [](tunerfunction *f) {
+            f->ManualMinusClicked();
+        };
+        const Action up = [](tunerfunction *f) {
+            f->presetUP();
+        };
+        const Action down = [](tunerfunction *f) {
+            f->presetDown();
+        };
+        const Action select2 = [](tunerfunction *f) {
+            f->presetSelect(2);
+        };
+        const Action band = [](tunerfunction *f) {
+            f->changBand();
+        };
         const QStringList stop{"terminate()"};
         const QStringList stopAndRetune{"terminate()", "tune(8750)"};
 
+        // clang-format off
         QTest::newRow("seek during auto store") << seekUp << 1 << 6 << stop;
         QTest::newRow("seek during PTY search 4") << seekUp << 4 << 6 << stop;
         QTest::newRow("seek during PTY search 5") << seekDown << 5 << 6 << stop;
@@ -78,6 +92,7 @@ private slots:
         };
         QTest::newRow("select 9 sends nothing") << bad(9, false) << 0 << 6 << QStringList();
         QTest::newRow("store -1 sends nothing") << bad(-1, true) << 0 << 6 << QStringList();
+        // clang-format on
     }
 
     void actionsAreGatedByWorkState()
@@ -246,7 +261,8 @@ private slots:
         QCOMPARE(radioCalls().size(), 2);
         keys()->ManualPlusReleased();
         const int tuned = prefs()->playFreq();
-        QCOMPARE(radioCalls(), (QStringList{"terminate()", "keyLongPress(1)", QStringLiteral("tune(%1)").arg(tuned), "keyLongPress(0)"}));
+        QCOMPARE(radioCalls(), (QStringList{"terminate()", "keyLongPress(1)", QStringLiteral("tune(%1)").arg(tuned),
+                                            "keyLongPress(0)"}));
         QCOMPARE(prefs()->playFreqId(), kNoPreset);
 
         // Down from the low edge wraps to the top.

@@ -3,8 +3,8 @@
 // pages, automatic store, the search status and the radio's reports.
 
 #include "scrollmanage.h"
-#include "tunerfixture.h"
 #include "timing.h"
+#include "tunerfixture.h"
 #include "tunerplayer.h"
 
 #include <QAbstractButton>
@@ -20,10 +20,7 @@ class tst_TunerPlayer : public QObject, private TunerFixture
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_fakes->radio()->clearAnswers();
-    }
+    void init() { m_fakes->radio()->clearAnswers(); }
 
     void cleanup()
     {
@@ -64,7 +61,8 @@ private slots:
         QVERIFY(m_player->freqValue() != 9450);
         m_player->onManualPlusReleased();
         const int tuned = m_player->freqValue();
-        QCOMPARE(radioCalls(), (QStringList{"keyLongPress(1)", "keyLongPress(0)", QStringLiteral("tune(%1)").arg(tuned)}));
+        QCOMPARE(radioCalls(),
+                 (QStringList{"keyLongPress(1)", "keyLongPress(0)", QStringLiteral("tune(%1)").arg(tuned)}));
         QCOMPARE(label("Txt_0035_rds_freq")->text(), m_player->normalValue(tuned));
     }
 
@@ -98,6 +96,7 @@ private slots:
         QTest::addColumn<QPoint>("to");
         QTest::addColumn<QStringList>("radio");
         const QStringList up{"setPreset(0)", "setTa(false)", "setAf(true)"};
+        // clang-format off
         QTest::newRow("right 101 px seeks up") << QPoint(300, 120) << QPoint(401, 120) << QStringList{"seekForward()"};
         QTest::newRow("right 100 px does nothing") << QPoint(300, 120) << QPoint(400, 120) << QStringList();
         QTest::newRow("left 101 px seeks down") << QPoint(500, 120) << QPoint(399, 150) << QStringList{"seekBackward()"};
@@ -105,6 +104,7 @@ private slots:
         QTest::newRow("down steps to the previous preset") << QPoint(400, 100) << QPoint(390, 210) << up;
         QTest::newRow("start at y 311 is ignored") << QPoint(300, 311) << QPoint(500, 311) << QStringList();
         QTest::newRow("start at y 310 counts") << QPoint(300, 310) << QPoint(500, 305) << QStringList{"seekForward()"};
+        // clang-format on
     }
 
     void swipes()
@@ -174,12 +174,14 @@ private slots:
         QTest::addColumn<QStringList>("mcu");
         QTest::addColumn<QString>("label");
         QTest::addColumn<QString>("name"); // the preset's name after
+        // clang-format off
         QTest::newRow("hold stores a named station") << "touch" << "FFH" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "FFH" << "FFH";
         QTest::newRow("hold stores a station without a name") << "touch" << "" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "94.50" << "";
         QTest::newRow("number key stores a named station") << "key" << "FFH" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "FFH" << "FFH";
         QTest::newRow("number key: a station without a name keeps the old one")
             << "key" << "" << QStringList{"savePreset(3)"} << QStringList{"triggerBeep(1)"} << "94.50" << "OLD";
         QTest::newRow("short press recalls") << "tap" << "" << QStringList{"setPreset(3)", "setTa(false)", "setAf(true)"} << QStringList{"triggerBeep(0)"} << "OLD" << "OLD";
+        // clang-format on
     }
 
     void presetHoldStoresAndEarlierReleaseRecalls()
@@ -276,8 +278,8 @@ private slots:
         QTest::addColumn<bool>("local");
         QTest::addColumn<int>("band");
         QTest::addColumn<int>("rdsSupport");
-        QTest::addColumn<QString>("text"); // "": the frequency page stays
-        QTest::addColumn<int>("period"); // of the dots
+        QTest::addColumn<QString>("text");   // "": the frequency page stays
+        QTest::addColumn<int>("period");     // of the dots
         QTest::addColumn<bool>("presetLit"); // preset 3, lit before
         QTest::newRow("automatic store") << 1 << false << 0 << 1 << "Auto Store" << 500 << true;
         QTest::newRow("seek up") << 2 << false << 0 << 1 << "Seek Up" << 400 << true;
@@ -360,6 +362,7 @@ private slots:
         QTest::addColumn<QString>("warning");
         QTest::addColumn<int>("newBand");
         QTest::addColumn<QString>("shown");
+        // clang-format off
         QTest::newRow("FM step 5: two decimals") << 0 << 10170 << 0 << "" << 0 << "101.70";
         QTest::newRow("FM step 10: one decimal") << 3 << 10790 << 0 << "" << 0 << "107.9";
         QTest::newRow("FM step 20: one decimal") << 1 << 10170 << 0 << "" << 0 << "101.7";
@@ -368,6 +371,7 @@ private slots:
         QTest::newRow("zero is invalid") << 0 << 0 << 0 << "0 is invaild freq." << 0 << "87.50";
         QTest::newRow("another FM band becomes current") << 0 << 9000 << 2 << "2 is not match current band." << 2 << "90.00";
         QTest::newRow("an AM frequency on FM") << 0 << 999 << 0 << "999 is invaild freq." << 3 << "999";
+        // clang-format on
     }
 
     void frequencyReportsAreChecked()
@@ -380,7 +384,8 @@ private slots:
         QFETCH(QString, shown);
         makePlayer(QStringLiteral("Destination=%1").arg(destination));
         if (!warning.isEmpty())
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- ") + QRegularExpression::escape(warning)));
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^\\[WAR\\] .* -- ")
+                                                                  + QRegularExpression::escape(warning)));
         m_player->onFrequencyChanged(freq, band);
         QCOMPARE(int(prefs()->band()), newBand);
         QCOMPARE(label("Txt_0035_rds_freq")->text(), shown);
@@ -475,15 +480,22 @@ private slots:
 
 private:
     QLabel *label(const char *name) const { return m_player->findChild<QLabel *>(QLatin1String(name)); }
-    QAbstractButton *button(const char *name) const { return m_player->findChild<QAbstractButton *>(QLatin1String(name)); }
+    QAbstractButton *button(const char *name) const
+    {
+        return m_player->findChild<QAbstractButton *>(QLatin1String(name));
+    }
     int litPresets() const
     {
         int lit = 0;
-        for (const QAbstractButton *key : m_player->findChildren<QAbstractButton *>(QRegularExpression("^Key_\\d+_p\\d+$")))
+        for (const QAbstractButton *key :
+             m_player->findChildren<QAbstractButton *>(QRegularExpression("^Key_\\d+_p\\d+$")))
             lit += key->isChecked();
         return lit;
     }
-    QString page() const { return m_player->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget()->objectName(); }
+    QString page() const
+    {
+        return m_player->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget()->objectName();
+    }
 
     // `fresh`: on new state; else on the state the test set up.
     void makePlayer(const QString &vehicleKeys = QString(), bool fresh = true)

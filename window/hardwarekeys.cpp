@@ -2,9 +2,9 @@
 
 #include "hostevents.h"
 #include "interrupts.h"
+#include "keybeep.h"
 #include "mainwidget.h"
 #include "mcumanager.h"
-#include "keybeep.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "rdsswitches.h"
@@ -40,8 +40,7 @@ HardwareKeys::HardwareKeys(NiloRadioServiceInterface *radio, NiloMcuServiceInter
     , m_mcu(mcu)
     , m_interrupts(interrupts)
     , m_screens(std::move(screens))
-{
-}
+{}
 
 void HardwareKeys::timerEvent(QTimerEvent *event)
 {

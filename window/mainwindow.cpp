@@ -48,13 +48,16 @@ MainWindow::MainWindow(QObject *parent)
     , m_source(bus::createSourceProxy(this))
     , m_stateRead(new RadioStateRead(m_radio, m_radioEdge, this))
     , m_interrupts(m_radio)
-    , m_keys(new HardwareKeys(m_radio, m_mcu, m_interrupts, [this] { return m_mainWidget; }, this))
+    , m_keys(new HardwareKeys(
+          m_radio, m_mcu, m_interrupts, [this] { return m_mainWidget; }, this))
     , m_shown(new ShownStation(this))
-    , m_nowPlaying(new NowPlaying(*m_shown, [this](bool next) { pressPresetKey(next); }, this))
+    , m_nowPlaying(new NowPlaying(
+          *m_shown, [this](bool next) { pressPresetKey(next); }, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
-            this, SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
+                                this,
+                                SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
     connect(m_radioEdge, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
     connect(m_radioEdge, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
     connect(m_radioEdge, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
@@ -69,7 +72,8 @@ MainWindow::MainWindow(QObject *parent)
     connect(m_radioEdge, SIGNAL(serviceAppeared()), this, SLOT(onRadioServiceAppeared()));
     // What the service says when read goes through the same slots as what it reports.
     connect(m_stateRead, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
-            this, SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
+                                this,
+                                SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
     connect(m_stateRead, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
     connect(m_stateRead, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
     connect(m_stateRead, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
@@ -270,8 +274,8 @@ void MainWindow::onAftaState(const QString &aftaList, int cur_afta)
 // their names say.
 void MainWindow::onInitDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list,
                             int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning,
-                            int current_band_num, int fm_freq_max, int fm_freq_min, int fm_step,
-                            int am_freq_max, int am_freq_min, int am_step, const QString &band_current_freq,
+                            int current_band_num, int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max,
+                            int am_freq_min, int am_step, const QString &band_current_freq,
                             const QString &band_position, int fm_press_id, int am_press_id)
 {
     Q_UNUSED(current_fm_freq)
@@ -290,8 +294,8 @@ void MainWindow::onInitDate(int band_switch, int band_id, const QString &fm_list
     }
     p->setLocal(fm_press_id != 0);
     p->setRegional(am_press_id != 0);
-    p->init(fm_freq_max, fm_freq_min, fm_step, am_freq_max, am_freq_min, am_step, band_current_freq,
-            band_position, fm_list, am_list);
+    p->init(fm_freq_max, fm_freq_min, fm_step, am_freq_max, am_freq_min, am_step, band_current_freq, band_position,
+            fm_list, am_list);
     if (!p->isFM() && m_mainWidget)
         m_mainWidget->updateFreq();
 }

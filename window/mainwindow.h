@@ -61,11 +61,10 @@ public slots:
     void onCancelTaAlarm();
     void onBackToHome(); // in the meta-object for the host; nothing connects it
     void onAftaState(const QString &aftaList, int cur_afta);
-    void onInitDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list,
-                    int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning,
-                    int current_band_num, int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max,
-                    int am_freq_min, int am_step, const QString &band_current_freq,
-                    const QString &band_position, int fm_press_id, int am_press_id);
+    void onInitDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list, int current_fm_freq,
+                    int current_am_freq, int fm_istuning, int am_istuning, int current_band_num, int fm_freq_max,
+                    int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min, int am_step,
+                    const QString &band_current_freq, const QString &band_position, int fm_press_id, int am_press_id);
     void onPsName1(const QString &string);
     void onPsName2(const QString &string);
     void onAutoScanCompleted(const QString &freqList);
@@ -94,7 +93,7 @@ private:
     NiloSourceServiceInterface *m_source;
     RadioStateRead *m_stateRead;
     InterruptBookkeeping m_interrupts;
-    HardwareKeys *m_keys; // with the keys' repeat timer and repeat key
+    HardwareKeys *m_keys;  // with the keys' repeat timer and repeat key
     ShownStation *m_shown; // what the screen's display line shows, for the media player
     NowPlaying *m_nowPlaying;
     bool m_active = false;

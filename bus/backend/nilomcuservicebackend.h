@@ -59,7 +59,10 @@ public:
     virtual void steeringWheelReset() { record("steeringWheelReset", {}); }
     virtual void steeringWheelStudy() { record("steeringWheelStudy", {}); }
     virtual void steeringWheelStudyKey(int key) { record("steeringWheelStudyKey", {key}); }
-    virtual void syncDatetime(int year, int month, int day, int hour, int minute, int second) { record("syncDatetime", {year, month, day, hour, minute, second}); }
+    virtual void syncDatetime(int year, int month, int day, int hour, int minute, int second)
+    {
+        record("syncDatetime", {year, month, day, hour, minute, second});
+    }
     virtual QString test_version() { return answer<QString>("test_version", {}); }
     virtual void toggleKeyTone(int onOff) { record("toggleKeyTone", {onOff}); }
     virtual void triggerBeep(int state) { record("triggerBeep", {state}); }
@@ -78,7 +81,10 @@ public:
     virtual void updateKeyRotary(int rotary) { record("updateKeyRotary", {rotary}); }
     virtual void updateSdkVersion(const QString &sdkVersion) { record("updateSdkVersion", {sdkVersion}); }
     virtual void updateSysVersion(const QString &sysVersion) { record("updateSysVersion", {sysVersion}); }
-    virtual void updateTouchCoordinate(int status, int px, int py) { record("updateTouchCoordinate", {status, px, py}); }
+    virtual void updateTouchCoordinate(int status, int px, int py)
+    {
+        record("updateTouchCoordinate", {status, px, py});
+    }
     virtual QString user_version() { return answer<QString>("user_version", {}); }
     virtual void volumeMinus() { record("volumeMinus", {}); }
     virtual void volumePlus() { record("volumePlus", {}); }

@@ -76,7 +76,10 @@ signals:
     void autoScanCompleted(const QString &stations);
     void bandChanged(int band, int lowFreq, int highFreq, int step);
     void bandFMAMChang(int state);
-    void initDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list, int current_fm_freq, int current_am_freq, int fm_istuning, int am_istuning, int current_band_num, int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min, int am_step, const QString &band_current_freq, const QString &band_position, int local, int regional);
+    void initDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list, int current_fm_freq,
+                  int current_am_freq, int fm_istuning, int am_istuning, int current_band_num, int fm_freq_max,
+                  int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min, int am_step,
+                  const QString &band_current_freq, const QString &band_position, int local, int regional);
     void localChanged(bool on);
     void ptyChanged(int pty, const QString &name);
     void rdsChanged(int rds, int rdsFunc);

@@ -7,8 +7,7 @@
 
 ServiceBackend::ServiceBackend(QObject *parent)
     : QObject(parent)
-{
-}
+{}
 
 QList<ServiceBackend::Call> ServiceBackend::calls() const
 {

@@ -17,10 +17,10 @@ void attachAdaptors(const ServiceSet &services)
 bool exportServices(QDBusConnection &connection, const ServiceSet &services)
 {
     return connection.isConnected() && connection.registerObject(QLatin1String(kRadioPath), services.radio)
-        && connection.registerObject(QLatin1String(kMcuPath), services.mcu)
-        && connection.registerObject(QLatin1String(kSourcePath), services.source)
-        && connection.registerService(QLatin1String(kMcuService))
-        && connection.registerService(QLatin1String(kSystemService));
+           && connection.registerObject(QLatin1String(kMcuPath), services.mcu)
+           && connection.registerObject(QLatin1String(kSourcePath), services.source)
+           && connection.registerService(QLatin1String(kMcuService))
+           && connection.registerService(QLatin1String(kSystemService));
 }
 
 void withdrawServices(QDBusConnection &connection)

@@ -2,9 +2,9 @@
 // Draws the tuner's images listed in IMAGES_TXT into OUTPUT_DIR: a dark
 // automotive look, legible at 800 x 480, amber for what is pressed or lit.
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QDir>
 #include <QGuiApplication>
 #include <QImage>
 #include <QLinearGradient>
@@ -83,7 +83,8 @@ void drawGlyph(QPainter &p, const QRectF &r, const QString &glyph, State state)
         const qreal w = s * 0.16, h = s * 0.28;
         const qreal dir = up ? 1 : -1;
         QPolygonF chevron;
-        chevron << QPointF(c.x() - dir * w, c.y() - h) << QPointF(c.x() + dir * w, c.y()) << QPointF(c.x() - dir * w, c.y() + h);
+        chevron << QPointF(c.x() - dir * w, c.y() - h) << QPointF(c.x() + dir * w, c.y())
+                << QPointF(c.x() - dir * w, c.y() + h);
         p.drawPolyline(chevron);
     } else if (glyph == QLatin1String("back")) {
         QPen pen(ink, 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);

@@ -14,9 +14,9 @@ class SourceInterface;
 class WindowInterface;
 
 enum WindowAttribute {
-    WA_NoStatusBar = 0x01,  // the window draws over the status bar area
-    WA_KeepAlive = 0x02,    // the host must not destroy the window when it is left
-    WA_Popup = 0x04,        // shown over the previous window
+    WA_NoStatusBar = 0x01, // the window draws over the status bar area
+    WA_KeepAlive = 0x02,   // the host must not destroy the window when it is left
+    WA_Popup = 0x04,       // shown over the previous window
 };
 
 class StatusBarInterface

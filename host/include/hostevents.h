@@ -34,8 +34,7 @@ public:
     SimpleEvent(Qx::EventType type, T value)
         : QEvent(QEvent::Type(type))
         , m_value(value)
-    {
-    }
+    {}
 
     T value() const { return m_value; }
 
@@ -48,8 +47,7 @@ class TouchEvent : public SimpleEvent<Qx::Touch>
 public:
     explicit TouchEvent(Qx::Touch touch)
         : SimpleEvent(Qx::TouchEventType, touch)
-    {
-    }
+    {}
 };
 
 class TaskEvent : public SimpleEvent<Qx::TaskEvt>
@@ -57,8 +55,7 @@ class TaskEvent : public SimpleEvent<Qx::TaskEvt>
 public:
     explicit TaskEvent(Qx::TaskEvt task)
         : SimpleEvent(Qx::TaskEventType, task)
-    {
-    }
+    {}
 };
 
 // A hardware or steering-wheel key; the event type is the key phase.
@@ -67,8 +64,7 @@ class KeyEvent : public SimpleEvent<int>
 public:
     KeyEvent(Qx::EventType phase, int key)
         : SimpleEvent(phase, key)
-    {
-    }
+    {}
 
     int key() const { return value(); }
 };
@@ -79,6 +75,5 @@ class WindowDeleteEvent : public SimpleEvent<QObject *>
 public:
     explicit WindowDeleteEvent(QObject *window)
         : SimpleEvent(Qx::WindowDeleteEventType, window)
-    {
-    }
+    {}
 };

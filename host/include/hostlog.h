@@ -4,5 +4,4 @@
 #include <QThread>
 
 // The head unit's warning line: "[WAR] <thread> <function> <line> -- <text>".
-#define HOST_WAR() \
-    qWarning().noquote() << "[WAR]" << QThread::currentThreadId() << Q_FUNC_INFO << __LINE__ << "--"
+#define HOST_WAR() qWarning().noquote() << "[WAR]" << QThread::currentThreadId() << Q_FUNC_INFO << __LINE__ << "--"

@@ -1,8 +1,8 @@
 #include "basewindow.h"
 
 #include "hostevents.h"
-#include "translator.h"
 #include "hostlog.h"
+#include "translator.h"
 
 #include <QCoreApplication>
 #include <QWidget>
@@ -19,8 +19,7 @@ QPointer<QObject> &hostObject()
 
 BaseWindow::BaseWindow(QObject *parent)
     : QObject(parent)
-{
-}
+{}
 
 BaseWindow::~BaseWindow() = default;
 

@@ -19,11 +19,11 @@ const QHash<QString, Palette> &groups()
 {
     static const QHash<QString, Palette> table = {
         // Captions and labels: white on the dark theme, amber when pressed or lit.
-        {QStringLiteral("ColorGroup1"), {QColor(0xf2, 0xf2, 0xf2), QColor(0xff, 0xb0, 0x3b),
-                                         QColor(0x6e, 0x6e, 0x6e), QColor(0xff, 0xb0, 0x3b)}},
+        {QStringLiteral("ColorGroup1"),
+         {QColor(0xf2, 0xf2, 0xf2), QColor(0xff, 0xb0, 0x3b), QColor(0x6e, 0x6e, 0x6e), QColor(0xff, 0xb0, 0x3b)}},
         // Secondary texts (descriptions, status lines).
-        {QStringLiteral("Description"), {QColor(0xa8, 0xb3, 0xbd), QColor(0xff, 0xb0, 0x3b),
-                                         QColor(0x5a, 0x5a, 0x5a), QColor(0xd8, 0xe0, 0xe6)}},
+        {QStringLiteral("Description"),
+         {QColor(0xa8, 0xb3, 0xbd), QColor(0xff, 0xb0, 0x3b), QColor(0x5a, 0x5a, 0x5a), QColor(0xd8, 0xe0, 0xe6)}},
     };
     return table;
 }

@@ -18,8 +18,7 @@ class ThemeStyle : public QProxyStyle
 public:
     ThemeStyle()
         : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
-    {
-    }
+    {}
 
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override
@@ -28,7 +27,7 @@ public:
         if (element == CE_PushButton && button && (button->features & QStyleOptionButton::Flat)
             && !button->icon.isNull()) {
             const QIcon::Mode mode = !(button->state & State_Enabled) ? QIcon::Disabled
-                                   : (button->state & State_Sunken)   ? QIcon::Selected
+                                     : (button->state & State_Sunken) ? QIcon::Selected
                                                                       : QIcon::Normal;
             const QIcon::State state = (button->state & State_On) ? QIcon::On : QIcon::Off;
             const QPixmap pixmap = button->icon.pixmap(button->iconSize, mode, state);

@@ -25,9 +25,14 @@ QVector<QPair<QIcon::Mode, QIcon::State>> fallbacks(QIcon::Mode mode, QIcon::Sta
                 {oppositeMode, state}, {oppositeMode, opposite}};
     }
     const QIcon::Mode oppositeMode = mode == QIcon::Normal ? QIcon::Active : QIcon::Normal;
-    return {{mode, state},           {oppositeMode, state},       {mode, opposite},
-            {oppositeMode, opposite}, {QIcon::Disabled, state},    {QIcon::Selected, state},
-            {QIcon::Disabled, opposite}, {QIcon::Selected, opposite}};
+    return {{mode, state},
+            {oppositeMode, state},
+            {mode, opposite},
+            {oppositeMode, opposite},
+            {QIcon::Disabled, state},
+            {QIcon::Selected, state},
+            {QIcon::Disabled, opposite},
+            {QIcon::Selected, opposite}};
 }
 
 } // namespace

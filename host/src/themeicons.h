@@ -31,7 +31,7 @@ private:
         QString fileName;
         QIcon::Mode mode;
         QIcon::State state;
-        QPixmap pixmap; // read on first use
+        QPixmap pixmap;     // read on first use
         mutable QSize size; // from the file's header until read
     };
     struct Derived

@@ -79,8 +79,9 @@ constexpr char kBarrier[] = "workStateType";
 void FakeServices::settle()
 {
     using namespace tuner::bus;
-    const QDBusMessage call = QDBusMessage::createMethodCall(QLatin1String(kMcuService), QLatin1String(kRadioPath),
-                                                             QStringLiteral("nilo.RadioService"), QLatin1String(kBarrier));
+    const QDBusMessage call
+        = QDBusMessage::createMethodCall(QLatin1String(kMcuService), QLatin1String(kRadioPath),
+                                         QStringLiteral("nilo.RadioService"), QLatin1String(kBarrier));
     QDBusConnection::sessionBus().call(call, QDBus::Block, 5000);
 }
 

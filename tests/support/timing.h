@@ -32,10 +32,12 @@ inline bool withinPeriod(qint64 tookMs, int periodMs)
 } // namespace tuner::test
 
 // Waits for `condition` and checks that it came one `periodMs` after the wait began.
-#define TUNER_VERIFY_AFTER_PERIOD(periodMs, condition)                                                          \
-    do {                                                                                                       \
-        const qint64 tookMs = tuner::test::msUntil([&] { return bool(condition); }, (periodMs) * 2 + 500);     \
-        QVERIFY2(tuner::test::withinPeriod(tookMs, periodMs),                                                  \
-                 qPrintable(QStringLiteral("%1 after %2 ms, expected after %3 ms")                             \
-                                .arg(QLatin1String(#condition)).arg(tookMs).arg(periodMs)));                   \
+#define TUNER_VERIFY_AFTER_PERIOD(periodMs, condition)                                                                 \
+    do {                                                                                                               \
+        const qint64 tookMs = tuner::test::msUntil([&] { return bool(condition); }, (periodMs)*2 + 500);               \
+        QVERIFY2(tuner::test::withinPeriod(tookMs, periodMs),                                                          \
+                 qPrintable(QStringLiteral("%1 after %2 ms, expected after %3 ms")                                     \
+                                .arg(QLatin1String(#condition))                                                        \
+                                .arg(tookMs)                                                                           \
+                                .arg(periodMs)));                                                                      \
     } while (false)

@@ -22,10 +22,7 @@ protected:
             qFatal("the fake services could not claim their names on the test bus");
     }
 
-    void newState(const QString &vehicleKeys = QString())
-    {
-        m_state = std::make_unique<TestState>(vehicleKeys);
-    }
+    void newState(const QString &vehicleKeys = QString()) { m_state = std::make_unique<TestState>(vehicleKeys); }
 
 #ifdef QT_WIDGETS_LIB
     // Shows `widget` and waits until it is on screen.
@@ -44,15 +41,23 @@ protected:
         m_fakes->clearCalls();
     }
 
-    QStringList radioCalls() { return m_fakes->describedCalls(m_fakes->radio()); }
-    QStringList mcuCalls() { return m_fakes->describedCalls(m_fakes->mcu()); }
+    QStringList radioCalls()
+    {
+        return m_fakes->describedCalls(m_fakes->radio());
+    }
+    QStringList mcuCalls()
+    {
+        return m_fakes->describedCalls(m_fakes->mcu());
+    }
     // The MCU calls in short, space-separated: ch = updateAudioChannel(1),
     // on/off = updateAudioStatus(7/8), beep/beep1 = triggerBeep(0/1); others in full.
     QString mcuInShort()
     {
-        static const QHash<QString, QString> shortNames{{"triggerBeep(0)", "beep"}, {"triggerBeep(1)", "beep1"},
+        static const QHash<QString, QString> shortNames{{"triggerBeep(0)", "beep"},
+                                                        {"triggerBeep(1)", "beep1"},
                                                         {"updateAudioChannel(1)", "ch"},
-                                                        {"updateAudioStatus(7)", "on"}, {"updateAudioStatus(8)", "off"}};
+                                                        {"updateAudioStatus(7)", "on"},
+                                                        {"updateAudioStatus(8)", "off"}};
         QStringList calls;
         for (const QString &call : mcuCalls())
             calls << shortNames.value(call, call);

@@ -5,6 +5,7 @@
 #include "preferences.h"
 #include "settingsutil.h"
 #include "shownstation.h"
+#include "stationwatch.h"
 #include "translator.h"
 #include "tunerlog.h"
 #include "tuneroptions.h"
@@ -54,7 +55,7 @@ NowPlaying::NowPlaying(const ShownStation &shown, std::function<void(bool next)>
     Q_UNUSED(pathsCompare)
     connect(&m_shown, SIGNAL(changed()), this, SLOT(onStationChanged()));
     // Band, frequency and programme type as the radio reports them.
-    Preferences::watchStation(this, [this] { onStationChanged(); });
+    connect(StationWatch::instance(), SIGNAL(changed()), this, SLOT(onStationChanged()));
 
     new MprisRootAdaptor(this);
     new MprisPlayerAdaptor(this);
@@ -73,7 +74,6 @@ NowPlaying::NowPlaying(const ShownStation &shown, std::function<void(bool next)>
 
 NowPlaying::~NowPlaying()
 {
-    Preferences::unwatchStation(this);
     if (!m_exported)
         return;
     QDBusConnection bus = QDBusConnection::sessionBus();

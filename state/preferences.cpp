@@ -2,13 +2,14 @@
 
 #include "frequencydial.h"
 #include "inifile.h"
+#include "presetwalk.h"
+#include "radioconfkeys.h"
 #include "settingsutil.h"
+#include "stationwatch.h"
 #include "translator.h"
 #include "tunerlog.h"
 
 #include "tunerpaths.h"
-#include <algorithm>
-#include <vector>
 
 #include <QStringList>
 #include <QVector>
@@ -19,16 +20,8 @@ Preferences *Preferences::p_Instance = nullptr;
 
 namespace {
 
-// "Freq/FM0" .. "Freq/AM4": the group of a band under its own family's prefix.
-QString ownBandGroup(int band)
-{
-    return freqGroup(band <= BAND_FM3, band);
-}
-
-QString presetKey(const char *prefix, int index)
-{
-    return QString::fromLatin1(prefix).arg(index);
-}
+using radioconf::BandKeys;
+using radioconf::tuneKey;
 
 // Splits a ";" list, skipping empty parts. Items that are not numbers read as
 // 0 and are reported, so a garbled list still keeps its positions.
@@ -139,16 +132,10 @@ void Preferences::loadDate()
 
 // --- file helpers ----------------------------------------------------------
 
-QString Preferences::bandGroup(int bandNumber) const
+// The prefix follows the current band, the number the band written.
+radioconf::BandKeys Preferences::bandKeys(int bandNumber) const
 {
-    // The prefix follows the current band, the number the band written.
-    return freqGroup(isFM(), bandNumber);
-}
-
-template<typename T>
-void Preferences::writeBandKey(int bandNumber, const QString &key, T value)
-{
-    m_radioConf->setValue(bandGroup(bandNumber) + QLatin1Char('/') + key, value);
+    return BandKeys(isFM(), bandNumber);
 }
 
 int Preferences::snapToBand(const flagBand &band, int freq) const
@@ -161,38 +148,18 @@ int Preferences::snapToBand(const flagBand &band, int freq) const
 void Preferences::storeSwitch(bool &field, bool on, const char *key)
 {
     field = on;
-    m_radioConf->setValue(QLatin1String("Tune/") + QLatin1String(key), on);
+    m_radioConf->setValue(tuneKey(key), on);
 }
 
-namespace {
-
-// Never destroyed: a watcher may let go of it while the process exits, after
-// the statics of the plug-in are gone.
-std::vector<std::pair<const void *, std::function<void()>>> &stationWatchers()
+StationWatch *StationWatch::instance()
 {
-    static auto *watchers = new std::vector<std::pair<const void *, std::function<void()>>>;
-    return *watchers;
-}
-
-} // namespace
-
-void Preferences::watchStation(const void *owner, std::function<void()> changed)
-{
-    stationWatchers().emplace_back(owner, std::move(changed));
-}
-
-void Preferences::unwatchStation(const void *owner)
-{
-    auto &watchers = stationWatchers();
-    watchers.erase(
-        std::remove_if(watchers.begin(), watchers.end(), [owner](const auto &w) { return w.first == owner; }),
-        watchers.end());
+    static auto *watch = new StationWatch;
+    return watch;
 }
 
 void Preferences::stationChanged()
 {
-    for (const auto &watcher : stationWatchers())
-        watcher.second();
+    emit StationWatch::instance()->changed();
 }
 
 void Preferences::storeBand(Band &field, Band band, const char *key)
@@ -202,7 +169,7 @@ void Preferences::storeBand(Band &field, Band band, const char *key)
         return;
     }
     field = band;
-    m_radioConf->setValue(QLatin1String("Tune/") + QLatin1String(key), int(band));
+    m_radioConf->setValue(tuneKey(key), int(band));
 }
 
 void Preferences::setLocal(bool on)
@@ -247,7 +214,7 @@ void Preferences::setCurrPlayFreq(int freq)
 {
     flagBand &band = current();
     band.currFreq = snapToBand(band, freq);
-    writeBandKey(m_band, QStringLiteral("CurrFreq"), band.currFreq);
+    m_radioConf->setValue(bandKeys(m_band).currFreq(), band.currFreq);
     stationChanged();
 }
 
@@ -259,7 +226,7 @@ void Preferences::setPlayFreq(Band band, int freq)
     }
     flagBand &data = m_bands[band];
     data.currFreq = snapToBand(data, freq);
-    m_radioConf->setValue(ownBandGroup(band) + QLatin1String("/CurrFreq"), data.currFreq);
+    m_radioConf->setValue(BandKeys::own(band).currFreq(), data.currFreq);
     stationChanged();
 }
 
@@ -277,7 +244,7 @@ void Preferences::clearFreqId(Band band, int id)
     }
     const int stored = id > 5 ? kNoPreset : id;
     m_bands[band].currFreqId = stored;
-    writeBandKey(band, QStringLiteral("CurrFreqId"), stored);
+    m_radioConf->setValue(bandKeys(band).currFreqId(), stored);
 }
 
 void Preferences::setFavoriteFreq(int index, int freq)
@@ -286,7 +253,7 @@ void Preferences::setFavoriteFreq(int index, int freq)
         return;
     flagBand &band = current();
     band.presets[index] = snapToBand(band, freq);
-    writeBandKey(m_band, presetKey("preset_%1", index), band.presets[index]);
+    m_radioConf->setValue(bandKeys(m_band).preset(index), band.presets[index]);
 }
 
 void Preferences::setFmTa(int index, bool on)
@@ -294,7 +261,7 @@ void Preferences::setFmTa(int index, bool on)
     if (!validPreset(index))
         return;
     current().ta[index] = on;
-    writeBandKey(m_band, presetKey("TA_%1", index), on);
+    m_radioConf->setValue(bandKeys(m_band).ta(index), on);
 }
 
 void Preferences::setFmAf(int index, bool on)
@@ -302,7 +269,7 @@ void Preferences::setFmAf(int index, bool on)
     if (!validPreset(index))
         return;
     current().af[index] = on;
-    writeBandKey(m_band, presetKey("AF_%1", index), on);
+    m_radioConf->setValue(bandKeys(m_band).af(index), on);
 }
 
 void Preferences::saveFreq(const int *freqs, int count)
@@ -315,13 +282,10 @@ void Preferences::saveFreq(const int *freqs, int count)
     }
     const int lastBand = isFmBand(m_btmBand) ? BAND_FM3 : BAND_AM2;
     int next = 0;
-    int preset = qMax(0, m_bands[m_btmBand].btmFreqIdBefore);
-    for (int b = m_btmBand; b <= lastBand && next < count; ++b, preset = 0) {
-        for (; preset < kPresetCount && next < count; ++preset) {
-            m_bands[b].presets[preset] = freqs[next++];
-            writeBandKey(b, presetKey("preset_%1", preset), m_bands[b].presets[preset]);
-        }
-    }
+    walkPresets(m_btmBand, qMax(0, m_bands[m_btmBand].btmFreqIdBefore), lastBand, count, [&](int b, int preset) {
+        m_bands[b].presets[preset] = freqs[next++];
+        m_radioConf->setValue(bandKeys(b).preset(preset), m_bands[b].presets[preset]);
+    });
     if (next < count)
         TUNER_WAR() << count - next << "stations did not fit into the presets, dropped.";
 }
@@ -331,20 +295,18 @@ void Preferences::aftaState(const QString &aftaList)
 {
     const QStringList codes = aftaList.isEmpty() ? QStringList() : aftaList.split(QLatin1Char(';'));
     int next = 0;
-    for (int b = BAND_FM1; b <= BAND_FM3 && next < codes.size(); ++b) {
-        const QString group = ownBandGroup(b) + QLatin1Char('/');
-        for (int i = 0; i < kPresetCount && next < codes.size(); ++i) {
-            const QString item = codes.at(next++).trimmed();
-            bool ok = item.isEmpty();
-            const int code = ok ? 0 : item.toInt(&ok, 10);
-            if (!ok)
-                TUNER_WAR() << "aftaList" << item << "is not a number, read as neither flag.";
-            m_bands[b].af[i] = code == 1 || code == 3;
-            m_bands[b].ta[i] = code == 2 || code == 3;
-            m_radioConf->setValue(group + presetKey("AF_%1", i), m_bands[b].af[i]);
-            m_radioConf->setValue(group + presetKey("TA_%1", i), m_bands[b].ta[i]);
-        }
-    }
+    walkPresets(BAND_FM1, 0, BAND_FM3, codes.size(), [&](int b, int i) {
+        const QString item = codes.at(next++).trimmed();
+        bool ok = item.isEmpty();
+        const int code = ok ? 0 : item.toInt(&ok, 10);
+        if (!ok)
+            TUNER_WAR() << "aftaList" << item << "is not a number, read as neither flag.";
+        m_bands[b].af[i] = code == 1 || code == 3;
+        m_bands[b].ta[i] = code == 2 || code == 3;
+        const BandKeys keys = BandKeys::own(b);
+        m_radioConf->setValue(keys.af(i), m_bands[b].af[i]);
+        m_radioConf->setValue(keys.ta(i), m_bands[b].ta[i]);
+    });
 }
 
 // After an automatic store the new presets take the current switches. The
@@ -353,18 +315,14 @@ void Preferences::resetAfTa(int count)
 {
     if (!isFmBand(m_btmBand) || count <= 0)
         return;
-    int done = 0;
-    int preset = qMax(0, m_bands[m_btmBand].btmFreqIdBefore);
-    for (int b = m_btmBand; b <= BAND_FM3 && done < count; ++b, preset = 0) {
-        const QString group = ownBandGroup(b) + QLatin1Char('/');
-        for (; preset < kPresetCount && done < count; ++preset, ++done) {
-            m_bands[b].af[preset] = m_af;
-            m_bands[b].ta[preset] = m_ta;
-            m_bands[b].savePreset[preset] = false;
-            m_radioConf->setValue(group + presetKey("TA_%1", preset), m_af);
-            m_radioConf->setValue(group + presetKey("AF_%1", preset), m_ta);
-        }
-    }
+    walkPresets(m_btmBand, qMax(0, m_bands[m_btmBand].btmFreqIdBefore), BAND_FM3, count, [&](int b, int preset) {
+        m_bands[b].af[preset] = m_af;
+        m_bands[b].ta[preset] = m_ta;
+        m_bands[b].savePreset[preset] = false;
+        const BandKeys keys = BandKeys::own(b);
+        m_radioConf->setValue(keys.ta(preset), m_af);
+        m_radioConf->setValue(keys.af(preset), m_ta);
+    });
 }
 
 // The file keeps only the last name; the model keeps one per preset.
@@ -416,17 +374,17 @@ void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_fre
             const int id = positions.at(b);
             band.btmFreqIdBefore = validPreset(id) ? id : 0;
             band.presetIndex = band.btmFreqIdBefore;
-            const QString group = ownBandGroup(b) + QLatin1Char('/');
+            const BandKeys keys = BandKeys::own(b);
             if (b < currentFreqs.size())
                 band.currFreq = currentFreqs.at(b);
             else
                 TUNER_WAR() << b << "has no current frequency in the list, kept" << band.currFreq;
-            m_radioConf->setValue(group + QLatin1String("CurrFreq"), band.currFreq);
+            m_radioConf->setValue(keys.currFreq(), band.currFreq);
             band.currFreqId = id;
-            m_radioConf->setValue(group + QLatin1String("CurrFreqId"), id);
+            m_radioConf->setValue(keys.currFreqId(), id);
             for (int i = 0; i < kPresetCount && next < presets.size(); ++i) {
                 band.presets[i] = presets.at(next++);
-                m_radioConf->setValue(group + presetKey("preset_%1", i), band.presets[i]);
+                m_radioConf->setValue(keys.preset(i), band.presets[i]);
             }
         }
     };
@@ -447,33 +405,33 @@ void Preferences::restoreStoredTuning()
     const IniFile &file = *m_radioConf;
     bool ok = false;
     const auto storedBand = [&](const char *key, Band &field) {
-        const int value = file.intValue(QLatin1String("Tune/") + QLatin1String(key), &ok);
+        const int value = file.intValue(tuneKey(key), &ok);
         if (ok && isValidBand(value))
             field = Band(value);
     };
     storedBand("CurrBand", m_band);
     storedBand("Band_FM", m_bandFM);
     storedBand("Band_AM", m_bandAM);
-    const bool local = file.boolValue(QStringLiteral("Tune/Local"), &ok);
+    const bool local = file.boolValue(tuneKey("Local"), &ok);
     if (ok)
         m_local = local;
-    const bool regional = file.boolValue(QStringLiteral("Tune/Regional"), &ok);
+    const bool regional = file.boolValue(tuneKey("Regional"), &ok);
     if (ok)
         m_regional = regional;
 
     for (int b = 0; b < kBandCount; ++b) {
         flagBand &band = m_bands[b];
-        const QString group = ownBandGroup(b) + QLatin1Char('/');
-        const int freq = file.intValue(group + QLatin1String("CurrFreq"), &ok);
+        const BandKeys keys = BandKeys::own(b);
+        const int freq = file.intValue(keys.currFreq(), &ok);
         if (ok && freq > 0)
             band.currFreq = snapToBand(band, freq);
-        const int id = file.intValue(group + QLatin1String("CurrFreqId"), &ok);
+        const int id = file.intValue(keys.currFreqId(), &ok);
         if (ok) {
             band.currFreqId = validPreset(id) ? id : kNoPreset;
             band.presetIndex = validPreset(id) ? id : 0;
         }
         for (int i = 0; i < kPresetCount; ++i) {
-            const int preset = file.intValue(group + presetKey("preset_%1", i), &ok);
+            const int preset = file.intValue(keys.preset(i), &ok);
             if (ok && preset > 0)
                 band.presets[i] = snapToBand(band, preset);
         }
@@ -487,19 +445,19 @@ void Preferences::restoreStoredAfTa()
 {
     const IniFile &file = *m_radioConf;
     bool ok = false;
-    const bool ta = file.boolValue(QStringLiteral("Tune/ta"), &ok);
+    const bool ta = file.boolValue(tuneKey("ta"), &ok);
     if (ok)
         m_ta = ta;
-    const bool af = file.boolValue(QStringLiteral("Tune/Af"), &ok);
+    const bool af = file.boolValue(tuneKey("Af"), &ok);
     if (ok)
         m_af = af;
     for (int b = BAND_FM1; b <= BAND_FM3; ++b) {
-        const QString group = ownBandGroup(b) + QLatin1Char('/');
+        const BandKeys keys = BandKeys::own(b);
         for (int i = 0; i < kPresetCount; ++i) {
-            const bool presetAf = file.boolValue(group + presetKey("AF_%1", i), &ok);
+            const bool presetAf = file.boolValue(keys.af(i), &ok);
             if (ok)
                 m_bands[b].af[i] = presetAf;
-            const bool presetTa = file.boolValue(group + presetKey("TA_%1", i), &ok);
+            const bool presetTa = file.boolValue(keys.ta(i), &ok);
             if (ok)
                 m_bands[b].ta[i] = presetTa;
         }
@@ -513,10 +471,7 @@ static void fillRdsNames(Preferences::flagBand *bands, int band, int preset, int
 {
     const QStringList list = names.split(QLatin1Char(';'));
     int next = 0;
-    for (; band <= lastBand && next < list.size(); ++band, preset = 0) {
-        for (; preset < kPresetCount && next < list.size(); ++preset)
-            bands[band].rdsName[preset] = list.at(next++);
-    }
+    walkPresets(band, preset, lastBand, list.size(), [&](int b, int i) { bands[b].rdsName[i] = list.at(next++); });
 }
 
 void Preferences::setPsName1(const QString &names)

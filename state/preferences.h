@@ -1,10 +1,9 @@
 #pragma once
 
+#include "radioconfkeys.h"
 #include "region.h"
 
 #include <QString>
-
-#include <functional>
 
 #include <memory>
 
@@ -48,10 +47,6 @@ public:
     static Preferences *getInstance();
     // Drops the instance so the next getInstance() starts afresh (tests).
     static void resetInstance();
-    // Who shows the playing station elsewhere is told after a change of what
-    // identifies it: band, frequency, RDS name and status, programme type.
-    static void watchStation(const void *owner, std::function<void()> changed);
-    static void unwatchStation(const void *owner);
 
     // Persistent setters.
     void setLocal(bool on);
@@ -210,9 +205,7 @@ private:
     const flagBand &current() const { return m_bands[m_band]; }
     flagBand &current() { return m_bands[m_band]; }
     int snapToBand(const flagBand &band, int freq) const;
-    QString bandGroup(int bandNumber) const;
-    template<typename T>
-    void writeBandKey(int bandNumber, const QString &key, T value);
+    radioconf::BandKeys bandKeys(int bandNumber) const;
     void storeSwitch(bool &field, bool on, const char *key);
     void storeBand(Band &field, Band band, const char *key);
     static void stationChanged();

@@ -1,4 +1,5 @@
 #include "inifile.h"
+#include "radioconfkeys.h"
 #include "region.h"
 #include "tunerlog.h"
 #include "tuneroptions.h"
@@ -23,16 +24,16 @@ void setTunerStep(int step)
         return;
     }
     IniFile file(tunerStepConfPath());
-    file.setValue(QStringLiteral("Tune/TunerStep"), step);
-    const QString regionName = file.plainText(QStringLiteral("Tune/Region"));
+    file.setValue(radioconf::tuneKey("TunerStep"), step);
+    const QString regionName = file.plainText(radioconf::tuneKey("Region"));
     if (!regionName.isEmpty()) {
         if (const tagTunerRegion_T *region = findRegionByName(regionName, Qt::CaseInsensitive)) {
             const tagTunerRegionVariant_T &v = region->variant[step];
             for (int b = 0; b < kBandCount; ++b) {
-                const QString group = freqGroup(b < kFmBandCount, b) + QLatin1Char('/');
-                file.setValue(group + QLatin1String("CurrFreq"), v.currFreq[b]);
+                const radioconf::BandKeys keys = radioconf::BandKeys::own(b);
+                file.setValue(keys.currFreq(), v.currFreq[b]);
                 for (int i = 0; i < kPresetCount; ++i)
-                    file.setValue(group + QStringLiteral("preset_%1").arg(i), v.presets[b][i]);
+                    file.setValue(keys.preset(i), v.presets[b][i]);
             }
         } else {
             TUNER_WAR() << regionName << "is not a known region, presets not changed.";

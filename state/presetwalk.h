@@ -1,0 +1,22 @@
+#pragma once
+
+#include "region.h"
+
+namespace tuner {
+
+// Visits presets in order from (band, preset) to the last preset of lastBand,
+// turning to preset 0 of each next band, for at most count presets. Returns
+// how many were visited. Automatic store, the AF/TA list and the RDS names all
+// fill the presets of a family this way.
+template<typename Visit>
+int walkPresets(int band, int preset, int lastBand, int count, Visit visit)
+{
+    int visited = 0;
+    for (; band <= lastBand && visited < count; ++band, preset = 0) {
+        for (; preset < kPresetCount && visited < count; ++preset, ++visited)
+            visit(band, preset);
+    }
+    return visited;
+}
+
+} // namespace tuner

@@ -7,6 +7,7 @@
 #include "translator.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QJsonObject>
 #include <QKeyEvent>
 #include <QTimerEvent>
@@ -180,25 +181,30 @@ bool HostShell::lifecycle(const QString &op)
         m_taSource->start();
     else if (op == QLatin1String("stop:ta.src") && m_taSource)
         m_taSource->stop();
-    else if (!m_window)
-        return false;
-    else if (op == QLatin1String("onCreate")) {
+    else
+        return m_window && windowLifecycle(op);
+    return true;
+}
+
+bool HostShell::windowLifecycle(const QString &op)
+{
+    static const QHash<QString, void (WindowInterface::*)()> calls{
+        {QStringLiteral("onShow"), &WindowInterface::onShow},
+        {QStringLiteral("onHide"), &WindowInterface::onHide},
+        {QStringLiteral("onEnter"), &WindowInterface::onEnter},
+        {QStringLiteral("onExit"), &WindowInterface::onExit},
+        {QStringLiteral("onDestroy"), &WindowInterface::onDestroy},
+        {QStringLiteral("backEvent"), &WindowInterface::backEvent},
+    };
+    if (op == QLatin1String("onCreate")) {
         m_window->onCreate();
         adoptMainWidget();
-    } else if (op == QLatin1String("onShow"))
-        m_window->onShow();
-    else if (op == QLatin1String("onHide"))
-        m_window->onHide();
-    else if (op == QLatin1String("onEnter"))
-        m_window->onEnter();
-    else if (op == QLatin1String("onExit"))
-        m_window->onExit();
-    else if (op == QLatin1String("onDestroy"))
-        m_window->onDestroy();
-    else if (op == QLatin1String("backEvent"))
-        m_window->backEvent();
-    else
+        return true;
+    }
+    const auto call = calls.value(op);
+    if (!call)
         return false;
+    (m_window->*call)();
     return true;
 }
 

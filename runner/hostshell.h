@@ -40,6 +40,7 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    bool windowLifecycle(const QString &op);
     void adoptMainWidget();
     bool keyboardKey(QEvent *event);
 

@@ -170,7 +170,7 @@ IniFile::Stamp IniFile::stamp() const
     struct stat status;
     if (::stat(QFile::encodeName(m_path).constData(), &status) != 0)
         return {};
-    constexpr qint64 kNsPerSecond = 1000 * 1000 * 1000;
+    constexpr qint64 kNsPerSecond = 1000LL * 1000 * 1000;
     return {true, qint64(status.st_size), qint64(status.st_mtim.tv_sec) * kNsPerSecond + status.st_mtim.tv_nsec,
             quint64(status.st_ino)};
 }

@@ -24,7 +24,7 @@ class IniFile : public QObject
     Q_OBJECT
 public:
     // Larger files are not the tuner's: they are left alone.
-    static constexpr qint64 kMaxFileBytes = 1024 * 1024;
+    static constexpr qint64 kMaxFileBytes = 1024LL * 1024;
     static constexpr int kFlushDelayMs = 50;
 
     explicit IniFile(const QString &path, QObject *parent = nullptr);

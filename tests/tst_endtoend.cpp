@@ -36,7 +36,7 @@ static int pixelsApart(const QImage &first, const QImage &second, int levels, co
 static QImage fromXwd(const QByteArray &dump)
 {
     const auto field = [&dump](int index) {
-        return qFromBigEndian<quint32>(dump.constData() + 4 * index);
+        return qFromBigEndian<quint32>(dump.constData() + 4 * qsizetype(index));
     };
     if (dump.size() < 100 || field(7) != 0 || field(11) != 32)
         return {};
@@ -419,7 +419,7 @@ private:
     QJsonObject widget(const QString &name)
     {
         const QDBusReply<QString> reply = m_automation->call(QStringLiteral("widgets"));
-        for (const QJsonValue &value : QJsonDocument::fromJson(reply.value().toUtf8()).array()) {
+        for (const QJsonValue value : QJsonDocument::fromJson(reply.value().toUtf8()).array()) {
             if (value.toObject().value(QStringLiteral("name")).toString() == name)
                 return value.toObject();
         }

@@ -145,11 +145,11 @@ private slots:
         const auto observed = [&] {
             m_fakes->settle();
             QWidget *widget = window->mainWidget();
-            const QString seen = QStringLiteral("%1 focus=%2 mcu=%3 source=%4")
-                                     .arg(widget ? (widget->isVisible() ? "shown" : "hidden") : "none")
-                                     .arg(focus.count())
-                                     .arg(m_fakes->mcu()->callNames().join(QLatin1Char(',')),
-                                          m_fakes->source()->callNames().join(QLatin1Char(',')));
+            QString seen = QStringLiteral("%1 focus=%2 mcu=%3 source=%4")
+                               .arg(widget ? (widget->isVisible() ? "shown" : "hidden") : "none")
+                               .arg(focus.count())
+                               .arg(m_fakes->mcu()->callNames().join(QLatin1Char(',')),
+                                    m_fakes->source()->callNames().join(QLatin1Char(',')));
             m_fakes->clearCalls();
             focus.clear();
             return seen;

@@ -225,7 +225,7 @@ private slots:
             for (const int preset : d.presets)
                 shown += QLatin1Char(' ') + QString::number(preset);
             // "ANY" ends what a row says of a band.
-            const QString expected = bands.at(b);
+            const QString &expected = bands.at(b);
             const int any = expected.indexOf(QLatin1String("ANY"));
             QCOMPARE(any < 0 ? shown : shown.left(any), any < 0 ? expected : expected.left(any));
         }

@@ -54,7 +54,7 @@ protected:
     T answer(const char *member, const QVariantList &args)
     {
         record(member, args);
-        const T value = answerFor(member).template value<T>();
+        T value = answerFor(member).template value<T>();
         replyLater(QVariant::fromValue(value));
         return value;
     }

@@ -227,10 +227,10 @@ int main(int argc, char *argv[])
         const QStringList f = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         if (f.size() != 5)
             continue;
-        const QString path = f[0];
+        const QString &path = f[0];
         const QSize size(f[1].toInt(), f[2].toInt());
-        const QString kind = f[3];
-        const QString arg = f[4];
+        const QString &kind = f[3];
+        const QString &arg = f[4];
         QImage image(size, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         QPainter p(&image);

@@ -53,7 +53,7 @@ QByteArray Translator::messageId(int id)
 
 QString Translator::translate(int id)
 {
-    const QString text = catalogue().translator->translate(nullptr, messageId(id).constData());
+    QString text = catalogue().translator->translate(nullptr, messageId(id).constData());
     if (text.isEmpty())
         HOST_WAR() << id << "has no text in catalogue" << catalogue().language;
     return text;

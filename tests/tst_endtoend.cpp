@@ -303,7 +303,7 @@ private slots:
             const QString name = text(QStringLiteral("Txt_0037_rds_name"));
             return name.isEmpty() ? text(QStringLiteral("Txt_0035_rds_freq")) + QStringLiteral(" MHz") : name;
         };
-        const auto title = [this] {
+        const auto title = [] {
             return playerctl({"-p", "nilo_tuner", "metadata", "xesam:title"});
         };
         // The player announces a change up to 50 ms after the screen shows it:

@@ -405,30 +405,12 @@ int runAll(const QStringList &args)
             only = args.value(++i);
     }
     const QList<QPair<QString, std::function<void(Table &)>>> paths{
-        {QStringLiteral("startup"),
-         [&](Table &t) {
-             startUp(options, t);
-         }},
-        {QStringLiteral("report"),
-         [&](Table &t) {
-             stationReport(options, t);
-         }},
-        {QStringLiteral("marquee"),
-         [&](Table &t) {
-             marquee(options, t);
-         }},
-        {QStringLiteral("screens"),
-         [&](Table &t) {
-             screenChanges(options, t);
-         }},
-        {QStringLiteral("writes"),
-         [&](Table &t) {
-             writes(t);
-         }},
-        {QStringLiteral("faults"),
-         [&](Table &t) {
-             faults(options, t);
-         }},
+        {QStringLiteral("startup"), [&](Table &t) { startUp(options, t); }},
+        {QStringLiteral("report"), [&](Table &t) { stationReport(options, t); }},
+        {QStringLiteral("marquee"), [&](Table &t) { marquee(options, t); }},
+        {QStringLiteral("screens"), [&](Table &t) { screenChanges(options, t); }},
+        {QStringLiteral("writes"), [&](Table &t) { writes(t); }},
+        {QStringLiteral("faults"), [&](Table &t) { faults(options, t); }},
     };
     Table table;
     for (const auto &path : paths) {

@@ -96,22 +96,10 @@ private slots:
         QTest::addColumn<QVariant>("expected");
 
         const QList<QPair<const char *, Getter>> getters = {
-            {"int",
-             [](Proxies &p) {
-                 return read(p.radio->bandId());
-             }},
-            {"string",
-             [](Proxies &p) {
-                 return read(p.radio->fmList());
-             }},
-            {"bool",
-             [](Proxies &p) {
-                 return read(p.radio->isAfEnable());
-             }},
-            {"source int",
-             [](Proxies &p) {
-                 return read(p.source->currentWindow());
-             }},
+            {"int", [](Proxies &p) { return read(p.radio->bandId()); }},
+            {"string", [](Proxies &p) { return read(p.radio->fmList()); }},
+            {"bool", [](Proxies &p) { return read(p.radio->isAfEnable()); }},
+            {"source int", [](Proxies &p) { return read(p.source->currentWindow()); }},
         };
         const QVariant answers[] = {QVariant(3), QVariant(QStringLiteral("8750 Ü")), QVariant(true), QVariant(9)};
         const QVariant defaults[] = {QVariant(0), QVariant(QString()), QVariant(false), QVariant(0)};

@@ -35,9 +35,7 @@ static int pixelsApart(const QImage &first, const QImage &second, int levels, co
 // an X server on a little-endian machine writes it); null otherwise.
 static QImage fromXwd(const QByteArray &dump)
 {
-    const auto field = [&dump](int index) {
-        return qFromBigEndian<quint32>(dump.constData() + 4 * qsizetype(index));
-    };
+    const auto field = [&dump](int index) { return qFromBigEndian<quint32>(dump.constData() + 4 * qsizetype(index)); };
     if (dump.size() < 100 || field(7) != 0 || field(11) != 32)
         return {};
     const int width = int(field(4)), height = int(field(5)), bytesPerLine = int(field(12));
@@ -231,9 +229,7 @@ private slots:
 
     void optionsAndAPtySearch()
     {
-        const auto tap = [this](int x, int y) {
-            pointer("tap", QPoint(x, y));
-        };
+        const auto tap = [this](int x, int y) { pointer("tap", QPoint(x, y)); };
         const auto simState = [this] {
             const QDBusReply<QString> state = m_simControl->call(QStringLiteral("state"));
             return QJsonDocument::fromJson(state.value().toUtf8()).object();
@@ -303,9 +299,7 @@ private slots:
             const QString name = text(QStringLiteral("Txt_0037_rds_name"));
             return name.isEmpty() ? text(QStringLiteral("Txt_0035_rds_freq")) + QStringLiteral(" MHz") : name;
         };
-        const auto title = [] {
-            return playerctl({"-p", "nilo_tuner", "metadata", "xesam:title"});
-        };
+        const auto title = [] { return playerctl({"-p", "nilo_tuner", "metadata", "xesam:title"}); };
         // The player announces a change up to 50 ms after the screen shows it:
         // the two must agree in three reads in a row, longer apart than that.
         const auto agreeSteadily = [&] {

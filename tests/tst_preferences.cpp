@@ -58,9 +58,8 @@ private slots:
             << "Tuner/rdsName" << "NDR 2";
         // clang-format on
         // Names are stored so that QSettings reads them back as they were.
-        const auto name = [](const QString &text) {
-            return Action([text](Preferences *p) { p->saveRdsName(BAND_FM1, 0, text); });
-        };
+        const auto name
+            = [](const QString &text) { return Action([text](Preferences *p) { p->saveRdsName(BAND_FM1, 0, text); }); };
         for (const QString &text : {QStringLiteral("a,b;c=d"), QStringLiteral("\"x\" \\y"), QStringLiteral(" NDR 2 "),
                                     QStringLiteral("@home"), QString::fromUtf8("Ö3 Bayern 1"), QString()})
             QTest::addRow("name [%s]", qPrintable(text)) << name(text) << "Tuner/rdsName" << text;
@@ -511,9 +510,7 @@ private slots:
             return Other(
                 [=](TestState &, const QString &path) { QSettings(path, QSettings::IniFormat).setValue(key, value); });
         };
-        const Other remove = [](TestState &, const QString &path) {
-            QVERIFY(QFile::remove(path));
-        };
+        const Other remove = [](TestState &, const QString &path) { QVERIFY(QFile::remove(path)); };
         // clang-format off
         QTest::newRow("settings.ini: a key added") << false << set("Audio/volume", "7") << "Audio/volume" << "7" << "";
         QTest::newRow("radio.conf: a key added") << true << set("Media/last", "usb") << "Media/last" << "usb" << "";

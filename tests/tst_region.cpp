@@ -87,9 +87,7 @@ private slots:
 
         QSettings conf(path, QSettings::IniFormat);
         QCOMPARE(conf.value("Tune/TunerStep").toInt(), step);
-        const auto asInt = [](const QVariant &v) {
-            return v.isValid() ? QVariant(v.toInt()) : v;
-        };
+        const auto asInt = [](const QVariant &v) { return v.isValid() ? QVariant(v.toInt()) : v; };
         QCOMPARE(asInt(conf.value("Freq/FM0/CurrFreq")), fm0Current);
         QCOMPARE(asInt(conf.value("Freq/FM0/preset_1")), fm0Preset1);
         QCOMPARE(asInt(conf.value("Freq/AM3/preset_5")), am3Preset5);

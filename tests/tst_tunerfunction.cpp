@@ -36,30 +36,14 @@ private slots:
         QTest::addColumn<int>("ptyState");
         QTest::addColumn<QStringList>("calls");
 
-        const Action seekUp = [](tunerfunction *f) {
-            f->seekForward();
-        };
-        const Action seekDown = [](tunerfunction *f) {
-            f->seekBackward();
-        };
-        const Action plus = [](tunerfunction *f) {
-            f->ManualPlusClicked();
-        };
-        const Action minus = [](tunerfunction *f) {
-            f->ManualMinusClicked();
-        };
-        const Action up = [](tunerfunction *f) {
-            f->presetUP();
-        };
-        const Action down = [](tunerfunction *f) {
-            f->presetDown();
-        };
-        const Action select2 = [](tunerfunction *f) {
-            f->presetSelect(2);
-        };
-        const Action band = [](tunerfunction *f) {
-            f->changBand();
-        };
+        const Action seekUp = [](tunerfunction *f) { f->seekForward(); };
+        const Action seekDown = [](tunerfunction *f) { f->seekBackward(); };
+        const Action plus = [](tunerfunction *f) { f->ManualPlusClicked(); };
+        const Action minus = [](tunerfunction *f) { f->ManualMinusClicked(); };
+        const Action up = [](tunerfunction *f) { f->presetUP(); };
+        const Action down = [](tunerfunction *f) { f->presetDown(); };
+        const Action select2 = [](tunerfunction *f) { f->presetSelect(2); };
+        const Action band = [](tunerfunction *f) { f->changBand(); };
         const QStringList stop{"terminate()"};
         const QStringList stopAndRetune{"terminate()", "tune(8750)"};
 

@@ -176,9 +176,7 @@ void MainWidget::onListStateChange(QScroller::State state)
     m_listState = state;
     if (!m_searchStarted || g_TunerCurDSPL != DisplayPtyList)
         return;
-    const auto moving = [](QScroller::State s) {
-        return s == QScroller::Dragging || s == QScroller::Scrolling;
-    };
+    const auto moving = [](QScroller::State s) { return s == QScroller::Dragging || s == QScroller::Scrolling; };
     if (moving(state)) {
         m_optionReturnTimer.stop();
     } else if (moving(previous) && state == QScroller::Inactive && !m_optionReturnTimer.isActive()) {

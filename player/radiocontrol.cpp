@@ -1,6 +1,6 @@
 #include "radiocontrol.h"
 
-#include "keybeep.h"
+#include "nilo_mcuservice_interface.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "radioedge.h"
@@ -24,7 +24,7 @@ bool RadioControl::radioStateKnown() const
 
 void RadioControl::beep(int state)
 {
-    KeyBeep::trigger(m_mcu, state);
+    m_mcu->triggerBeep(state);
 }
 
 void RadioControl::tune(int freq)

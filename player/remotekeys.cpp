@@ -26,20 +26,37 @@ RemoteKeys::RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &
     , m_banner(banner)
 {}
 
+bool RemoteKeys::servesTunerKeys() const
+{
+    return (m_screen.isVisible() || g_TunerCurDSPL == DisplayOptionList) && !m_banner.isUp();
+}
+
+bool RemoteKeys::storing() const
+{
+    return m_control.workStatus() == WorkStatus::AutoStore;
+}
+
+bool RemoteKeys::stepPreset(bool up)
+{
+    if (!servesTunerKeys() || storing())
+        return false;
+    up ? nextPreset() : previousPreset();
+    return true;
+}
+
 bool RemoteKeys::keyEvent(int key, int phase)
 {
-    const bool shown = m_screen.isVisible() || g_TunerCurDSPL == DisplayOptionList;
-    const bool popup = m_banner.isUp();
     const KeyRole role = keyRole(key);
     if (role == KeyRole::Band) {
-        const bool gate = (shown && !popup) || g_TunerCurDSPL == DisplayPtySearching
+        const bool popup = m_banner.isUp();
+        const bool gate = servesTunerKeys() || g_TunerCurDSPL == DisplayPtySearching
                           || (g_TunerCurDSPL == DisplayPtySearchEnded && !popup);
         return gate && bandKey(phase);
     }
-    if (!shown || popup)
+    if (!servesTunerKeys())
         return false;
 
-    const bool store = m_control.workStatus() == WorkStatus::AutoStore;
+    const bool store = storing();
     switch (role) {
     case KeyRole::PresetNext:
     case KeyRole::PresetPrevious:

@@ -21,11 +21,17 @@ public:
 
     // True when the key was consumed.
     bool keyEvent(int key, int phase);
+    // The preset up and down keys' step, for what steps presets without a key
+    // (the media player): no beep. False when the screen does not serve it.
+    bool stepPreset(bool up);
     void nextPreset();
     // Unlike stepping up, the band change here follows the stored preset id.
     void previousPreset();
 
 private:
+    // The screen (or the option list over it) is up, with no interrupt popup.
+    bool servesTunerKeys() const;
+    bool storing() const;
     bool bandKey(int phase);
     bool presetStepKey(bool up, int phase);
     bool presetNumberKey(int id, int phase);

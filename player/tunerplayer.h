@@ -93,6 +93,7 @@ public:
 
     // Remote and steering keys; true when consumed.
     bool onIrKeyEvent(int key, int state) { return m_keys.keyEvent(key, state); }
+    bool stepPreset(bool up) { return m_keys.stepPreset(up); }
     void IrUpSelectFreqId() { m_keys.nextPreset(); }
     void IrDownSelectFreqId() { m_keys.previousPreset(); }
     void IrBandChanged() { m_bands.nextBand(); }

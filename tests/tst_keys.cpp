@@ -146,9 +146,9 @@ private slots:
             QCOMPARE(throughTheScreen(key, phase, workStatus, gate), screen);
     }
 
-    // The media player's Next and Previous are the next and previous preset
-    // keys (44, 45) pressed short: the same radio calls, under the same
-    // gates, through the same code; only the beep is left out.
+    // The media player's Next and Previous step as a short press of the preset
+    // up and down keys (44, 45): the same radio calls under the same gates;
+    // only the beep is left out.
     void mediaPlayerStepsAsThePresetKeys_data()
     {
         QTest::addColumn<bool>("next");
@@ -162,6 +162,7 @@ private slots:
         QTest::newRow("previous from the first preset, the tuner screen up") << false << 0 << "screen" << 0 << true;
         QTest::newRow("next during a seek stops it") << true << 2 << "screen" << 6 << true;
         QTest::newRow("next during an automatic store: refused") << true << 1 << "shown" << 6 << false;
+        QTest::newRow("next during an automatic store, screen up: refused") << true << 1 << "screen" << 6 << false;
         QTest::newRow("next over the PTY list: refused") << true << 0 << "ptylist" << 6 << false;
         QTest::newRow("next during an announcement: refused") << true << 0 << "popup" << 6 << false;
         QTest::newRow("next after the announcement was cancelled") << true << 0 << "ta-cancelled" << 6 << true;

@@ -2,9 +2,9 @@
 
 #include "hostevents.h"
 #include "interrupts.h"
-#include "keybeep.h"
 #include "mainwidget.h"
 #include "mcumanager.h"
+#include "nilo_mcuservice_interface.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "rdsswitches.h"
@@ -62,7 +62,7 @@ void HardwareKeys::timerEvent(QTimerEvent *event)
 
 void HardwareKeys::beep(int state)
 {
-    KeyBeep::trigger(m_mcu, state);
+    m_mcu->triggerBeep(state);
 }
 
 void HardwareKeys::cancelInterrupt()
@@ -277,11 +277,24 @@ bool HardwareKeys::sourceKeyEvent(KeyEvent *e)
     if (screens && screens->windowKeyEvent(e))
         return true;
 
+    return servesTunerKeys() && serveTunerKey(key, phase);
+}
+
+bool HardwareKeys::servesTunerKeys()
+{
     if (prefs()->taOrAlarm() != INTERRUPT_NONE && !InterruptBookkeeping::cancelledByDriver())
         return false;
-    if (g_TunerCurDSPL == DisplayPtyList || g_TunerCurDSPL == DisplayPtySearching)
-        return false;
-    return serveTunerKey(key, phase);
+    return g_TunerCurDSPL != DisplayPtyList && g_TunerCurDSPL != DisplayPtySearching;
+}
+
+void HardwareKeys::stepPreset(bool up)
+{
+    MainWidget *screens = m_screens();
+    if (screens && screens->stepPreset(up))
+        return;
+    if (!servesTunerKeys() || WorkStatus(prefs()->workState()) == WorkStatus::AutoStore)
+        return;
+    up ? keys()->presetUP() : keys()->presetDown();
 }
 
 } // namespace tuner

@@ -27,6 +27,9 @@ public:
 
     // True when consumed.
     bool sourceKeyEvent(KeyEvent *e);
+    // What a press of the preset up or down key steps, without the key: for
+    // the media player's next and previous. No beep.
+    void stepPreset(bool up);
 
 protected:
     void timerEvent(QTimerEvent *event) override;
@@ -36,6 +39,9 @@ private:
     void cancelInterrupt();
     bool serveAlwaysKey(int key, int phase);
     bool serveTunerKey(int key, int phase);
+    // The window serves the tuner keys the screens left: not under a live
+    // interrupt, nor over the PTY list or a running PTY search.
+    static bool servesTunerKeys();
 
     NiloRadioServiceInterface *m_radio;
     NiloMcuServiceInterface *m_mcu;

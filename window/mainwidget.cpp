@@ -226,6 +226,11 @@ bool MainWidget::windowKeyEvent(KeyEvent *event)
     return event && m_player->onIrKeyEvent(event->key(), event->type());
 }
 
+bool MainWidget::stepPreset(bool up)
+{
+    return m_player->stepPreset(up);
+}
+
 void MainWidget::terminate()
 {
     m_player->onTerminate();

@@ -29,6 +29,8 @@ public:
     // Calls from the main window; each is skipped when its screen is missing.
     void resume();
     bool windowKeyEvent(KeyEvent *event);
+    // The tuner screen's preset step without a key; false when it is not up.
+    bool stepPreset(bool up);
     void terminate();
     void autoScanCompleted(const QString &freqList);
     void updateFreq();

@@ -5,7 +5,6 @@
 #include "busreply.h"
 #include "hardwarekeys.h"
 #include "hostevents.h"
-#include "keybeep.h"
 #include "mainwidget.h"
 #include "mcumanager.h"
 #include "nilo_radioservice_interface.h"
@@ -34,9 +33,6 @@ constexpr int kPtySearchWindows[] = {kPtyListWindow, 5, 3};
 constexpr int kFocusLoss = -1;
 constexpr int kFocusLossTransient = -2;
 constexpr int kFocusGain = 1;
-// The steering wheel's next and previous preset keys.
-constexpr int kNextPresetKey = 44;
-constexpr int kPreviousPresetKey = 45;
 
 } // namespace
 
@@ -52,7 +48,7 @@ MainWindow::MainWindow(QObject *parent)
           m_radio, m_mcu, m_interrupts, [this] { return m_mainWidget; }, this))
     , m_shown(new ShownStation(this))
     , m_nowPlaying(new NowPlaying(
-          *m_shown, [this](bool next) { pressPresetKey(next); }, this))
+          *m_shown, [this](bool next) { m_keys->stepPreset(next); }, this))
 {
     // The radio's signals arrive through the edge that checks them.
     connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
@@ -166,15 +162,6 @@ bool MainWindow::keyEvent(KeyEvent *)
 bool MainWindow::sourceKeyEvent(KeyEvent *e)
 {
     return m_keys->sourceKeyEvent(e);
-}
-
-void MainWindow::pressPresetKey(bool next)
-{
-    const KeyBeep::Silence nobodyPressedAKey;
-    for (const Qx::EventType phase : {Qx::KeyPressed, Qx::KeyShortReleased}) {
-        KeyEvent key(phase, next ? kNextPresetKey : kPreviousPresetKey);
-        sourceKeyEvent(&key);
-    }
 }
 
 void MainWindow::reTranslateUI()

@@ -83,8 +83,6 @@ private slots:
 
 private:
     int currentWindow(bool *timedOut = nullptr);
-    // The next or previous preset key, short, on the driver's behalf: no beep.
-    void pressPresetKey(bool next);
 
     MainWidget *m_mainWidget = nullptr;
     NiloRadioServiceInterface *m_radio;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "radioconfkeys.h"
+#include "radiotuning.h"
 #include "region.h"
 
 #include <QString>
@@ -86,6 +87,7 @@ public:
     void init(int fm_freq_max, int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min, int am_step,
               const QString &band_current_freq, const QString &band_position, const QString &fm_list,
               const QString &am_list);
+    void init(const RadioTuning &tuning);
     void setPsName1(const QString &names);
     void setPsName2(const QString &names);
 

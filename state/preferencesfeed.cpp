@@ -6,6 +6,7 @@
 
 #include "inifile.h"
 #include "presetwalk.h"
+#include "radiochecks.h"
 #include "radioconfkeys.h"
 #include "tunerlog.h"
 
@@ -16,26 +17,6 @@ namespace tuner {
 
 using radioconf::BandKeys;
 using radioconf::tuneKey;
-
-namespace {
-
-// Splits a ";" list, skipping empty parts. Items that are not numbers read as
-// 0 and are reported, so a garbled list still keeps its positions.
-QVector<int> parseIntList(const QString &list, const char *what)
-{
-    QVector<int> values;
-    const QStringList parts = list.split(QLatin1Char(';'), Qt::SkipEmptyParts);
-    for (const QString &part : parts) {
-        bool ok = false;
-        const int value = part.trimmed().toInt(&ok, 10);
-        if (!ok)
-            TUNER_WAR() << what << part << "is not a number, read as 0.";
-        values.append(ok ? value : 0);
-    }
-    return values;
-}
-
-} // namespace
 
 // One code per preset, in order: an empty item is a preset with neither flag.
 void Preferences::aftaState(const QString &aftaList)
@@ -62,16 +43,34 @@ void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_fre
                        const QString &band_current_freq, const QString &band_position, const QString &fm_list,
                        const QString &am_list)
 {
-    const QVector<int> currentFreqs = parseIntList(band_current_freq, "band_current_freq");
-    QVector<int> positions = parseIntList(band_position, "band_position");
+    namespace check = radiocheck;
+    RadioTuning t;
+    t.fmMax = fm_freq_max;
+    t.fmMin = fm_freq_min;
+    t.fmStep = fm_step;
+    t.amMax = am_freq_max;
+    t.amMin = am_freq_min;
+    t.amStep = am_step;
+    t.bandCurFreq = check::numbers(band_current_freq, check::kMaxBands, "band_current_freq");
+    t.bandPos = check::numbers(band_position, check::kMaxBands, "band_position");
+    t.fmList = check::numbers(fm_list, check::kMaxFmPresets, "fm_list");
+    t.amList = check::numbers(am_list, check::kMaxAmPresets, "am_list");
+    init(t);
+}
+
+// The band switch, band and Local/Regional are the window's to set.
+void Preferences::init(const RadioTuning &t)
+{
+    const QVector<int> &currentFreqs = t.bandCurFreq;
+    QVector<int> positions = t.bandPos;
     for (int &id : positions)
         id = id >= 1 ? id - 1 : kNoPreset; // the service counts presets from 1
     QVector<int> fmPresets;
-    for (int f : parseIntList(fm_list, "fm_list"))
+    for (int f : t.fmList)
         if (f > 0)
             fmPresets.append(f);
     QVector<int> amPresets;
-    for (int f : parseIntList(am_list, "am_list"))
+    for (int f : t.amList)
         if (f > 0)
             amPresets.append(f);
 
@@ -109,8 +108,8 @@ void Preferences::init(int fm_freq_max, int fm_freq_min, int fm_step, int am_fre
         }
     };
 
-    setUpFamily(BAND_FM1, BAND_FM3, fm_freq_min, fm_freq_max, fm_step, fmPresets);
-    setUpFamily(BAND_AM1, BAND_AM2, am_freq_min, am_freq_max, am_step, amPresets);
+    setUpFamily(BAND_FM1, BAND_FM3, t.fmMin, t.fmMax, t.fmStep, fmPresets);
+    setUpFamily(BAND_AM1, BAND_AM2, t.amMin, t.amMax, t.amStep, amPresets);
 
     m_presetIndex = validPreset(playFreqId()) ? playFreqId() : 0;
     m_presetBand = m_band;

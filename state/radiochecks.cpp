@@ -131,23 +131,52 @@ bool ptyCode(int pty)
     return false;
 }
 
-void initData(InitData &d)
+QVector<int> numbers(const QString &items, int maxItems, const char *what)
+{
+    const QString kept = values(items, maxItems, what);
+    QVector<int> result;
+    if (kept.isEmpty())
+        return result;
+    for (const QString &item : kept.split(QLatin1Char(';'))) {
+        bool ok = false;
+        const int value = item.trimmed().toInt(&ok, 10);
+        if (!ok)
+            TUNER_WAR() << what << item << "is not a number, read as 0.";
+        result.append(ok ? value : 0);
+    }
+    return result;
+}
+
+RadioTuning tuning(int bandSwitch, int bandId, const QString &fmList, const QString &amList, int fmMax, int fmMin,
+                   int fmStep, int amMax, int amMin, int amStep, const QString &bandCurFreq, const QString &bandPos,
+                   int local, int regional)
 {
     const Preferences *p = prefs();
-    d.bandId = band(d.bandId, p->band(), "band_id");
+    RadioTuning t;
+    t.bandSwitch = bandSwitch;
+    t.bandId = band(bandId, p->band(), "band_id");
+    t.fmMax = fmMax;
+    t.fmMin = fmMin;
+    t.amMax = amMax;
+    t.amMin = amMin;
     // Frequencies are snapped with the step: a step of 0 would divide by zero.
-    if (d.fmStep <= 0) {
-        TUNER_WAR() << "FM step" << d.fmStep << "is not usable; the known one," << p->fmStep() << ", is kept.";
-        d.fmStep = p->fmStep();
+    t.fmStep = fmStep;
+    if (fmStep <= 0) {
+        TUNER_WAR() << "FM step" << fmStep << "is not usable; the known one," << p->fmStep() << ", is kept.";
+        t.fmStep = p->fmStep();
     }
-    if (d.amStep <= 0) {
-        TUNER_WAR() << "AM step" << d.amStep << "is not usable; the known one," << p->amStep() << ", is kept.";
-        d.amStep = p->amStep();
+    t.amStep = amStep;
+    if (amStep <= 0) {
+        TUNER_WAR() << "AM step" << amStep << "is not usable; the known one," << p->amStep() << ", is kept.";
+        t.amStep = p->amStep();
     }
-    d.fmList = values(d.fmList, kMaxFmPresets, "fm_list");
-    d.amList = values(d.amList, kMaxAmPresets, "am_list");
-    d.bandPos = values(d.bandPos, kMaxBands, "band_position");
-    d.bandCurFreq = values(d.bandCurFreq, kMaxBands, "band_current_freq");
+    t.fmList = numbers(fmList, kMaxFmPresets, "fm_list");
+    t.amList = numbers(amList, kMaxAmPresets, "am_list");
+    t.bandPos = numbers(bandPos, kMaxBands, "band_position");
+    t.bandCurFreq = numbers(bandCurFreq, kMaxBands, "band_current_freq");
+    t.local = local;
+    t.regional = regional;
+    return t;
 }
 
 } // namespace tuner::radiocheck

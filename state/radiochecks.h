@@ -1,5 +1,7 @@
 #pragma once
 
+#include "radiotuning.h"
+
 #include <QString>
 
 // Checks for what the radio service sends, applied once where its data enters
@@ -37,24 +39,13 @@ int rdsStatus(int state);
 // Programme types 0..31.
 bool ptyCode(int pty);
 
-// The radio's whole start-up state (the initDate arguments that the tuner uses).
-struct InitData
-{
-    int bandSwitch = 0;
-    int bandId = 0;
-    QString fmList;
-    QString amList;
-    int fmMax = 0;
-    int fmMin = 0;
-    int fmStep = 0;
-    int amMax = 0;
-    int amMin = 0;
-    int amStep = 0;
-    QString bandCurFreq;
-    QString bandPos;
-    int local = 0;
-    int regional = 0;
-};
-void initData(InitData &data);
+// The numbers of a ";" list, empty items skipped, at most `maxItems`. An item
+// that is not a number reads as 0, with a warning: the positions stay.
+QVector<int> numbers(const QString &items, int maxItems, const char *what);
+
+// The initDate arguments the tuner uses, checked and parsed.
+RadioTuning tuning(int bandSwitch, int bandId, const QString &fmList, const QString &amList, int fmMax, int fmMin,
+                   int fmStep, int amMax, int amMin, int amStep, const QString &bandCurFreq, const QString &bandPos,
+                   int local, int regional);
 
 } // namespace tuner::radiocheck

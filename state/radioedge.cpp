@@ -101,14 +101,15 @@ void RadioEdge::onInitDate(int band_switch, int band_id, const QString &fm_list,
                            int am_freq_min, int am_step, const QString &band_current_freq, const QString &band_position,
                            int local, int regional)
 {
-    radiocheck::InitData d{band_switch, band_id,     fm_list, am_list,           fm_freq_max,   fm_freq_min, fm_step,
-                           am_freq_max, am_freq_min, am_step, band_current_freq, band_position, local,       regional};
-    radiocheck::initData(d);
-    pass(Kind::Event, [=] {
-        emit initDate(d.bandSwitch, d.bandId, d.fmList, d.amList, current_fm_freq, current_am_freq, fm_istuning,
-                      am_istuning, current_band_num, d.fmMax, d.fmMin, d.fmStep, d.amMax, d.amMin, d.amStep,
-                      d.bandCurFreq, d.bandPos, d.local, d.regional);
-    });
+    Q_UNUSED(current_fm_freq)
+    Q_UNUSED(current_am_freq)
+    Q_UNUSED(fm_istuning)
+    Q_UNUSED(am_istuning)
+    Q_UNUSED(current_band_num)
+    const RadioTuning t
+        = radiocheck::tuning(band_switch, band_id, fm_list, am_list, fm_freq_max, fm_freq_min, fm_step, am_freq_max,
+                             am_freq_min, am_step, band_current_freq, band_position, local, regional);
+    pass(Kind::Event, [=] { emit tuning(t); });
 }
 
 void RadioEdge::onAftaState(const QString &aftaList, int cur_afta)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "radiotuning.h"
+
 #include <QObject>
 #include <QTimer>
 #include <QVector>
@@ -47,10 +49,8 @@ public:
     void setRadioStateKnown(bool known) { m_radioStateKnown = known; }
 
 signals:
-    void initDate(int band_switch, int band_id, const QString &fm_list, const QString &am_list, int current_fm_freq,
-                  int current_am_freq, int fm_istuning, int am_istuning, int current_band_num, int fm_freq_max,
-                  int fm_freq_min, int fm_step, int am_freq_max, int am_freq_min, int am_step,
-                  const QString &band_current_freq, const QString &band_position, int local, int regional);
+    // The start-up state the service reports (initDate), checked.
+    void tuning(const RadioTuning &tuning);
     void aftaState(const QString &aftaList, int cur_afta);
     void PsName1(const QString &psname1);
     void PsName2(const QString &psname2);

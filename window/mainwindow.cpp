@@ -11,6 +11,7 @@
 #include "nilo_sourceservice_interface.h"
 #include "nowplaying.h"
 #include "preferences.h"
+#include "radiochecks.h"
 #include "radioedge.h"
 #include "radiostateread.h"
 #include "rdsswitches.h"
@@ -51,9 +52,7 @@ MainWindow::MainWindow(QObject *parent)
           *m_shown, [this](bool next) { m_keys->stepPreset(next); }, this))
 {
     // The radio's signals arrive through the edge that checks them.
-    connect(m_radioEdge, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
-                                this,
-                                SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
+    connect(m_radioEdge, &RadioEdge::tuning, this, &MainWindow::onTuning);
     connect(m_radioEdge, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
     connect(m_radioEdge, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
     connect(m_radioEdge, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
@@ -67,9 +66,7 @@ MainWindow::MainWindow(QObject *parent)
     connect(m_source, SIGNAL(windowAndSourceChanged(int,int)), this, SLOT(onSourceChange(int,int)));
     connect(m_radioEdge, SIGNAL(serviceAppeared()), this, SLOT(onRadioServiceAppeared()));
     // What the service says when read goes through the same slots as what it reports.
-    connect(m_stateRead, SIGNAL(initDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)),
-                                this,
-                                SLOT(onInitDate(int,int,QString,QString,int,int,int,int,int,int,int,int,int,int,int,QString,QString,int,int)));
+    connect(m_stateRead, &RadioStateRead::tuning, this, &MainWindow::onTuning);
     connect(m_stateRead, SIGNAL(aftaState(QString,int)), this, SLOT(onAftaState(QString,int)));
     connect(m_stateRead, SIGNAL(PsName1(QString)), this, SLOT(onPsName1(QString)));
     connect(m_stateRead, SIGNAL(PsName2(QString)), this, SLOT(onPsName2(QString)));
@@ -270,19 +267,24 @@ void MainWindow::onInitDate(int band_switch, int band_id, const QString &fm_list
     Q_UNUSED(fm_istuning)
     Q_UNUSED(am_istuning)
     Q_UNUSED(current_band_num)
+    onTuning(radiocheck::tuning(band_switch, band_id, fm_list, am_list, fm_freq_max, fm_freq_min, fm_step, am_freq_max,
+                                am_freq_min, am_step, band_current_freq, band_position, fm_press_id, am_press_id));
+}
+
+void MainWindow::onTuning(const RadioTuning &t)
+{
     Preferences *p = prefs();
-    p->setBand(Band(band_id));
-    if (band_switch != 0) {
-        p->setBand_AM(Band(band_id));
+    p->setBand(Band(t.bandId));
+    if (t.bandSwitch != 0) {
+        p->setBand_AM(Band(t.bandId));
         p->setBand_FM(BAND_FM1);
     } else {
         p->setBand_AM(BAND_AM1);
-        p->setBand_FM(Band(band_id));
+        p->setBand_FM(Band(t.bandId));
     }
-    p->setLocal(fm_press_id != 0);
-    p->setRegional(am_press_id != 0);
-    p->init(fm_freq_max, fm_freq_min, fm_step, am_freq_max, am_freq_min, am_step, band_current_freq, band_position,
-            fm_list, am_list);
+    p->setLocal(t.local != 0);
+    p->setRegional(t.regional != 0);
+    p->init(t);
     if (!p->isFM() && m_mainWidget)
         m_mainWidget->updateFreq();
 }

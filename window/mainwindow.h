@@ -3,6 +3,7 @@
 #include "appplugin.h"
 #include "basewindow.h"
 #include "interrupts.h"
+#include "radiotuning.h"
 
 class KeyEvent;
 class NiloMcuServiceInterface;
@@ -83,6 +84,8 @@ private slots:
 
 private:
     int currentWindow(bool *timedOut = nullptr);
+    // The service's start-up state, read or reported, checked at the edge.
+    void onTuning(const RadioTuning &tuning);
 
     MainWidget *m_mainWidget = nullptr;
     NiloRadioServiceInterface *m_radio;

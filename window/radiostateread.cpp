@@ -81,12 +81,9 @@ void RadioStateRead::readTuning()
                                 && amMin.answered() && amStep.answered() && bandCurFreq.answered() && bandPos.answered()
                                 && local.answered() && regional.answered();
         if (tuningRead) {
-            check::InitData d{bandSwitch.value(),  bandId.value(),  fmList.value(), amList.value(),  fmMax.value(),
-                              fmMin.value(),       fmStep.value(),  amMax.value(),  amMin.value(),   amStep.value(),
-                              bandCurFreq.value(), bandPos.value(), local.value(),  regional.value()};
-            check::initData(d);
-            emit initDate(d.bandSwitch, d.bandId, d.fmList, d.amList, 0, 0, 0, 0, 0, d.fmMax, d.fmMin, d.fmStep,
-                          d.amMax, d.amMin, d.amStep, d.bandCurFreq, d.bandPos, d.local, d.regional);
+            emit tuning(check::tuning(bandSwitch.value(), bandId.value(), fmList.value(), amList.value(), fmMax.value(),
+                                      fmMin.value(), fmStep.value(), amMax.value(), amMin.value(), amStep.value(),
+                                      bandCurFreq.value(), bandPos.value(), local.value(), regional.value()));
         } else if (!m_late) {
             p->restoreStoredTuning();
         }

@@ -5,6 +5,7 @@
 #include "preferences.h"
 #include "presetpages.h"
 #include "radiocontrol.h"
+#include "rdscodes.h"
 #include "ui_c20_003_tuner.h"
 
 namespace tuner {
@@ -59,11 +60,12 @@ void RdsStation::showStatus(int state)
         hide();
         return;
     }
-    if (state == 1 || state == 3 || state == 5 || state == 7) {
+    const RdsState rdsState = rdsStateOf(state);
+    if (rdsState != RdsState::None) {
         if (rds)
             rds->show();
         if (tp)
-            tp->setVisible(state != 1);
+            tp->setVisible(rdsState == RdsState::RdsWithTp);
         return;
     }
     prefs()->setCurRdsName(QString());

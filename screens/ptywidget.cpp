@@ -4,6 +4,7 @@
 #include "mcumanager.h"
 #include "preferences.h"
 #include "pushbutton.h"
+#include "rdscodes.h"
 #include "settingsutil.h"
 #include "theme.h"
 #include "translator.h"
@@ -19,11 +20,14 @@ namespace {
 
 bool validForStandard(int support, int code)
 {
-    if (support == 1)
+    switch (ptyStandardOf(support)) {
+    case PtyStandard::Rds:
         return code >= 1 && code <= 29;
-    if (support == 2)
+    case PtyStandard::Rbds:
         return (code >= 1 && code <= 26) || code == 29;
-    return false;
+    default:
+        return false;
+    }
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "presetwalk.h"
 #include "radiochecks.h"
 #include "radioconfkeys.h"
+#include "rdscodes.h"
 #include "tunerlog.h"
 
 #include <QStringList>
@@ -29,8 +30,8 @@ void Preferences::aftaState(const QString &aftaList)
         const int code = ok ? 0 : item.toInt(&ok, 10);
         if (!ok)
             TUNER_WAR() << "aftaList" << item << "is not a number, read as neither flag.";
-        m_bands[b].af[i] = code == 1 || code == 3;
-        m_bands[b].ta[i] = code == 2 || code == 3;
+        m_bands[b].af[i] = hasAf(AfTaCode(code));
+        m_bands[b].ta[i] = hasTa(AfTaCode(code));
         const BandKeys keys = BandKeys::own(b);
         m_radioConf->setValue(keys.af(i), m_bands[b].af[i]);
         m_radioConf->setValue(keys.ta(i), m_bands[b].ta[i]);

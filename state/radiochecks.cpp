@@ -1,6 +1,7 @@
 #include "radiochecks.h"
 
 #include "preferences.h"
+#include "rdscodes.h"
 #include "tunerlog.h"
 
 #include <QStringList>
@@ -110,22 +111,15 @@ int band(int band, int fallback, const char *what)
 
 int rdsStatus(int state)
 {
-    switch (state) {
-    case 0:
-    case 1:
-    case 3:
-    case 5:
-    case 7:
+    if (state == 0 || rdsStateOf(state) != RdsState::None)
         return state;
-    default:
-        TUNER_WAR() << state << "is not an RDS state; read as 0 (no RDS).";
-        return 0;
-    }
+    TUNER_WAR() << state << "is not an RDS state; read as 0 (no RDS).";
+    return 0;
 }
 
 bool ptyCode(int pty)
 {
-    if (pty >= 0 && pty <= 31)
+    if (pty >= 0 && pty <= kMaxPtyCode)
         return true;
     TUNER_WAR() << pty << "is not a programme type, report dropped.";
     return false;

@@ -1,5 +1,7 @@
 #include "tuneroptions.h"
 
+#include "rdscodes.h"
+
 namespace tuner {
 
 tagTunerOpItem_T tunerOpItems[kOptionItemCount] = {
@@ -12,9 +14,10 @@ int g_TunerCurDSPL = 0;
 
 int ptyTextId(int rdsSupport, int code)
 {
-    if (rdsSupport == 1)
+    const PtyStandard standard = ptyStandardOf(rdsSupport);
+    if (standard == PtyStandard::Rds)
         return code >= 1 && code <= 29 ? 52 + code : 0;
-    if (rdsSupport != 2)
+    if (standard != PtyStandard::Rbds)
         return 0;
     if (code == 1)
         return 53;

@@ -63,12 +63,10 @@ void PresetTouch::clicked(int id, bool fromKey)
         m_control.radio()->setPreset(id);
         p->setPresetIndex(id);
         p->setNumberKeyInter(true);
-        p->setTaStatus(false);
-        p->setAlarmStatus(false);
+        p->running().endShownInterrupt();
         return;
     }
-    p->setTaStatus(false);
-    p->setAlarmStatus(false);
+    p->running().endShownInterrupt();
     p->setPresetIndex(id);
     m_control.radio()->setPreset(id);
     if (p->isFM()) {

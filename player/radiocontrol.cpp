@@ -7,10 +7,23 @@
 
 namespace tuner {
 
+// A new screen shows no search running until the service says otherwise.
 RadioControl::RadioControl(NiloRadioServiceInterface *radio, NiloMcuServiceInterface *mcu)
     : m_radio(radio)
     , m_mcu(mcu)
-{}
+{
+    setWorkStatus(WorkStatus::Idle);
+}
+
+WorkStatus RadioControl::workStatus() const
+{
+    return prefs()->running().shownWorkStatus();
+}
+
+void RadioControl::setWorkStatus(WorkStatus status)
+{
+    prefs()->running().setShownWorkStatus(status);
+}
 
 void RadioControl::followStateOf(RadioEdge *edge)
 {
@@ -58,7 +71,7 @@ void RadioControl::stopAndRetune()
 
 bool RadioControl::stopRunningSearch()
 {
-    const SearchGate gate = searchGate(m_workStatus);
+    const SearchGate gate = searchGate(workStatus());
     if (gate == SearchGate::Stop)
         m_radio->terminate();
     else if (gate == SearchGate::StopAndRetune)
@@ -68,19 +81,19 @@ bool RadioControl::stopRunningSearch()
 
 void RadioControl::stopStoreOrSeek()
 {
-    if (m_workStatus == WorkStatus::AutoStore)
+    if (workStatus() == WorkStatus::AutoStore)
         m_radio->terminate();
-    else if (isSeek(m_workStatus))
+    else if (isSeek(workStatus()))
         stopAndRetune();
 }
 
 bool RadioControl::stopAnySearch()
 {
-    if (m_workStatus == WorkStatus::AutoStore) {
+    if (workStatus() == WorkStatus::AutoStore) {
         m_radio->terminate();
         return true;
     }
-    if (m_workStatus != WorkStatus::Idle || prefs()->PTYSeachState() == kPtySearching) {
+    if (workStatus() != WorkStatus::Idle || prefs()->PTYSeachState() == kPtySearching) {
         stopAndRetune();
         return true;
     }

@@ -27,8 +27,9 @@ public:
     void followStateOf(RadioEdge *edge);
     bool radioStateKnown() const;
 
-    WorkStatus workStatus() const { return m_workStatus; }
-    void setWorkStatus(WorkStatus status) { m_workStatus = status; }
+    // The work status as the screen shows it (the running state's).
+    WorkStatus workStatus() const;
+    void setWorkStatus(WorkStatus status);
     int lastFrequency() const { return m_lastFreq; }
     void setLastFrequency(int freq) { m_lastFreq = freq; }
     // A station report is awaited for a tune, seek or store of ours.
@@ -58,7 +59,6 @@ private:
     NiloRadioServiceInterface *m_radio;
     NiloMcuServiceInterface *m_mcu;
     QPointer<RadioEdge> m_edge; // the main window's: it may go first
-    WorkStatus m_workStatus = WorkStatus::Idle;
     int m_lastFreq = 0;
     bool m_tuneRequested = false;
     bool m_seeking = false;

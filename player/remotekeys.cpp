@@ -199,8 +199,7 @@ void RemoteKeys::selectPreset(int id)
     if (p->isFM())
         applyPresetTaAf(m_control.radio(), id);
     m_rds.clear();
-    p->setTaStatus(false);
-    p->setAlarmStatus(false);
+    p->running().endShownInterrupt();
 }
 
 void RemoteKeys::nextPreset()

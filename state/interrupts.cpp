@@ -169,11 +169,7 @@ bool InterruptBookkeeping::reopenAnnouncement()
 
 void InterruptBookkeeping::searchStarted()
 {
-    Preferences *p = prefs();
-    if (p->taStatus())
-        p->setTaStatus(false);
-    if (p->alarmStatue())
-        p->setAlarmStatus(false);
+    prefs()->running().endShownInterrupt();
 }
 
 } // namespace tuner

@@ -3,6 +3,7 @@
 #include "radioconfkeys.h"
 #include "radiotuning.h"
 #include "region.h"
+#include "runningstate.h"
 
 #include <QString>
 
@@ -15,13 +16,7 @@ class IniFile;
 // 0, 1, 2 are FM1..FM3; 3 and 4 are AM1 and AM2.
 enum Band { BAND_FM1 = 0, BAND_FM2 = 1, BAND_FM3 = 2, BAND_AM1 = 3, BAND_AM2 = 4 };
 
-enum InterruptType { INTERRUPT_NONE = 0, INTERRUPT_ALARM = 1, INTERRUPT_TA = 2 };
-
 constexpr int kNoPreset = 6; // preset id meaning "no preset lit"
-// The radio's PTY search states (seekState, PTYSeachState()).
-constexpr int kPtySearching = 3;
-constexpr int kPtyNotFound = 4;
-constexpr int kPtyFound = 6;
 
 // The tuner's whole state. Persistent setters change the radio configuration
 // (or the settings file) only when the value changes; the changes of one burst
@@ -92,15 +87,18 @@ public:
     void setPsName2(const QString &names);
 
     // Transient state.
-    void setTaAlarmStatus(InterruptType type) { m_interrupt = type; }
-    void setTaStatus(bool on) { m_taStatus = on; }
-    void setSouOffTa(bool on) { m_souOffTa = on; }
-    void setSouOffAlarm(bool on) { m_souOffAlarm = on; }
-    void setAlarmStatus(bool on) { m_alarmStatus = on; }
-    void setCancelTa(bool on) { m_cancelTa = on; }
-    void setCancelAlarm(bool on) { m_cancelAlarm = on; }
-    void setCloseClick(bool on) { m_closeClicked = on; }
-    void setNumberKeyInter(bool on) { m_numberKeyInter = on; }
+    // The radio's running state; the named setters and getters below forward to it.
+    RunningState &running() { return m_running; }
+    const RunningState &running() const { return m_running; }
+    void setTaAlarmStatus(InterruptType type) { m_running.setInterrupt(type); }
+    void setTaStatus(bool on) { m_running.setTaStatus(on); }
+    void setSouOffTa(bool on) { m_running.setSourceOffTa(on); }
+    void setSouOffAlarm(bool on) { m_running.setSourceOffAlarm(on); }
+    void setAlarmStatus(bool on) { m_running.setAlarmStatus(on); }
+    void setCancelTa(bool on) { m_running.setCancelTa(on); }
+    void setCancelAlarm(bool on) { m_running.setCancelAlarm(on); }
+    void setCloseClick(bool on) { m_running.setCloseClicked(on); }
+    void setNumberKeyInter(bool on) { m_running.setNumberKeyInter(on); }
     void setRdsStatus(int state)
     {
         m_rdsState = state;
@@ -112,8 +110,8 @@ public:
         m_ptyType = type;
         stationChanged();
     }
-    void setPtySerchstate(int state) { m_ptySearchState = state; }
-    void setWorkState(int state) { m_workState = state; }
+    void setPtySerchstate(int state) { m_running.setPtySearchState(state); }
+    void setWorkState(int state) { m_running.setReportedWorkState(state); }
     void setAutoCount(int count) { m_autoCount = count; } // part of the interface; nothing reads the count
     void setCurRdsName(const QString &name)
     {
@@ -133,15 +131,15 @@ public:
     bool ta() const { return m_ta; }
     bool af() const { return m_af; }
     bool regional() const { return m_regional; }
-    bool closeClicked() const { return m_closeClicked; }
-    bool taStatus() const { return m_taStatus; }
-    bool SouOffTa() const { return m_souOffTa; }
-    bool SouOffAlarm() const { return m_souOffAlarm; }
-    bool alarmStatue() const { return m_alarmStatus; }
-    bool cancelTa() const { return m_cancelTa; }
-    bool cancelAlarm() const { return m_cancelAlarm; }
-    bool numberKeyInter() const { return m_numberKeyInter; }
-    InterruptType taOrAlarm() const { return m_interrupt; }
+    bool closeClicked() const { return m_running.closeClicked(); }
+    bool taStatus() const { return m_running.taStatus(); }
+    bool SouOffTa() const { return m_running.sourceOffTa(); }
+    bool SouOffAlarm() const { return m_running.sourceOffAlarm(); }
+    bool alarmStatue() const { return m_running.alarmStatus(); }
+    bool cancelTa() const { return m_running.cancelTa(); }
+    bool cancelAlarm() const { return m_running.cancelAlarm(); }
+    bool numberKeyInter() const { return m_running.numberKeyInter(); }
+    InterruptType taOrAlarm() const { return m_running.interrupt(); }
     int fmMaxFreq() const { return m_fmMax; }
     int fmMinFreq() const { return m_fmMin; }
     int fmStep() const { return m_fmStep; }
@@ -155,8 +153,8 @@ public:
     QString selectPTY() const { return m_selectPty; }
     QString PTYseachItem() const { return m_ptySearchName; }
     int PTYtype() const { return m_ptyType; }
-    int PTYSeachState() const { return m_ptySearchState; }
-    int workState() const { return m_workState; }
+    int PTYSeachState() const { return m_running.ptySearchState(); }
+    int workState() const { return m_running.reportedWorkState(); }
     Band btmband() const { return m_btmBand; }
     Band band() const { return m_band; }
     Band band_FM() const { return m_bandFM; }
@@ -172,7 +170,7 @@ public:
     int btmFreqIdAfter() const { return m_bands[m_btmBand].presetIndex; }
     // The preset lit when an automatic store ends: one chosen by a number key
     // during the store, else the one lit before it.
-    int presetAfterStore() const { return m_numberKeyInter ? btmFreqIdAfter() : curBandFreqId(); }
+    int presetAfterStore() const { return numberKeyInter() ? btmFreqIdAfter() : curBandFreqId(); }
     int favoritAt(int index) const;
     int favoritBandAt(Band band, int index) const;
     bool fmTA(int index) const;
@@ -218,15 +216,7 @@ private:
     bool m_ta = false;
     bool m_af = false;
     bool m_regional = true;
-    bool m_closeClicked = false;
-    bool m_taStatus = false;
-    bool m_souOffTa = false;
-    bool m_souOffAlarm = false;
-    bool m_alarmStatus = false;
-    bool m_cancelTa = false;
-    bool m_cancelAlarm = false;
-    bool m_numberKeyInter = false;
-    InterruptType m_interrupt = INTERRUPT_NONE;
+    RunningState m_running;
     int m_fmMax = 0;
     int m_fmMin = 0;
     int m_fmStep = 0;
@@ -242,8 +232,6 @@ private:
     QString m_ptySearchName;
     QString m_spare; // a field of the stored model without an accessor
     int m_ptyType = 0;
-    int m_ptySearchState = 6;
-    int m_workState = 0;
     Band m_presetBand = BAND_FM1; // kept with the preset index; nothing reads it back
     Band m_btmBand = BAND_FM1;
     Band m_band = BAND_FM1;

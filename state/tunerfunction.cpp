@@ -181,8 +181,7 @@ void tunerfunction::stepToPreset(int preset)
         return;
     applyPresetTaAf(m_radio, preset);
     clearRdsState();
-    p->setTaStatus(false);
-    p->setAlarmStatus(false);
+    p->running().endShownInterrupt();
 }
 
 void tunerfunction::presetUP()
@@ -269,8 +268,7 @@ void tunerfunction::presetSelect(int index)
     }
     p->setPresetIndex(index);
     p->setCurrPlayFreqId(index);
-    p->setTaStatus(false);
-    p->setAlarmStatus(false);
+    p->running().endShownInterrupt();
     m_radio->setPreset(index);
     if (!p->isFM())
         return;

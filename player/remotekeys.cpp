@@ -3,6 +3,7 @@
 #include "bandswitch.h"
 #include "hostevents.h"
 #include "interruptbanner.h"
+#include "keyactions.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "presetpages.h"
@@ -51,61 +52,28 @@ bool RemoteKeys::keyEvent(int key, int phase)
         const bool popup = m_banner.isUp();
         const bool gate = servesTunerKeys() || g_TunerCurDSPL == DisplayPtySearching
                           || (g_TunerCurDSPL == DisplayPtySearchEnded && !popup);
-        return gate && bandKey(phase);
-    }
-    if (!servesTunerKeys())
-        return false;
-
-    const bool store = storing();
-    switch (role) {
-    case KeyRole::PresetNext:
-    case KeyRole::PresetPrevious:
-        return !store && presetStepKey(role == KeyRole::PresetNext, phase);
-    case KeyRole::PresetNumber:
-        return presetNumberKey(presetOfKey(key), phase);
-    case KeyRole::PresetUp:
-    case KeyRole::PresetDown:
-        return !store && presetRepeatKey(role == KeyRole::PresetUp, phase);
-    case KeyRole::SeekUp:
-    case KeyRole::SeekDown:
-        return !store && seekKey(role == KeyRole::SeekUp, phase);
-    case KeyRole::StopSearch:
-        return stopKey(phase);
-    default:
+        if (!gate)
+            return false;
+    } else if (!servesTunerKeys()) {
         return false;
     }
+    const KeyRule *rule = keyRule(KeyContext::Screen, role, phase, m_control.workStatus());
+    if (!rule)
+        return false;
+    if (rule->beep >= 0)
+        m_control.beep(rule->beep);
+    perform(rule->action, key);
+    return rule->consumed;
 }
 
-bool RemoteKeys::bandKey(int phase)
+void RemoteKeys::perform(KeyAction action, int key)
 {
-    if (phase == Qx::KeyPressed) {
-        m_control.beep(0);
-        return true;
-    }
-    if (phase != Qx::KeyShortReleased)
-        return false;
-    const auto status = m_control.workStatus();
-    if (prefs()->PTYSeachState() == kPtySearching) {
-        m_control.radio()->terminate();
-        return true;
-    }
-    if (status == WorkStatus::AutoStore || isSeek(status))
-        m_control.stopAndRetune();
-    m_bands.nextBand();
-    return true;
-}
-
-bool RemoteKeys::presetStepKey(bool up, int phase)
-{
-    switch (phase) {
-    case Qx::KeyPressed:
-        m_control.beep(0);
-        return true;
-    case Qx::KeyShortReleased:
+    const bool up = isUpward(keyRole(key));
+    switch (action) {
+    case KeyAction::StepPreset:
         up ? nextPreset() : previousPreset();
-        return true;
-    case Qx::KeyLongPressed:
-        m_control.beep(1);
+        break;
+    case KeyAction::PresetSeek:
         prefs()->setPresetIndex(0);
         if (isSeek(m_control.workStatus())) {
             m_control.radio()->terminate();
@@ -113,73 +81,43 @@ bool RemoteKeys::presetStepKey(bool up, int phase)
             m_screen.clearCurFreqId();
             m_control.seek(up);
         }
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool RemoteKeys::presetNumberKey(int id, int phase)
-{
-    switch (phase) {
-    case Qx::KeyPressed:
-        return true;
-    case Qx::KeyShortReleased:
-        m_touch.clicked(id, true);
-        return true;
-    case Qx::KeyLongPressed:
-        if (m_control.workStatus() == WorkStatus::AutoStore)
-            return false;
-        m_touch.storeFromKey(id);
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool RemoteKeys::presetRepeatKey(bool up, int phase)
-{
-    if (phase == Qx::KeyPressed)
-        m_control.beep(0);
-    if (phase == Qx::KeyPressed || phase == Qx::KeyLongPressed)
-        up ? nextPreset() : previousPreset();
-    return phase >= Qx::KeyPressed && phase <= Qx::KeyLongReleased;
-}
-
-bool RemoteKeys::seekKey(bool up, int phase)
-{
-    switch (phase) {
-    case Qx::KeyPressed:
-        m_control.beep(0);
-        return true;
-    case Qx::KeyShortReleased:
+        break;
+    case KeyAction::Seek:
         m_screen.startSeek(up);
-        return true;
-    case Qx::KeyLongPressed:
+        break;
+    case KeyAction::ManualStart:
         up ? m_screen.onManualPlusPressed() : m_screen.onManualMinusPressed();
-        return true;
-    case Qx::KeyLongReleased:
+        break;
+    case KeyAction::ManualStop:
         up ? m_screen.onManualPlusReleased() : m_screen.onManualMinusReleased();
-        return true;
+        break;
+    case KeyAction::Recall:
+        m_touch.clicked(presetOfKey(key), true);
+        break;
+    case KeyAction::Store:
+        m_touch.storeFromKey(presetOfKey(key));
+        break;
+    case KeyAction::NextBand:
+        nextBand();
+        break;
+    case KeyAction::StopSearch:
+        m_control.radio()->terminate();
+        break;
     default:
-        return false;
+        break;
     }
 }
 
-bool RemoteKeys::stopKey(int phase)
+void RemoteKeys::nextBand()
 {
     const auto status = m_control.workStatus();
-    if (status != WorkStatus::AutoStore && !isSeek(status))
-        return false;
-    if (phase == Qx::KeyPressed) {
-        m_control.beep(0);
-        return true;
-    }
-    if (phase == Qx::KeyShortReleased) {
+    if (prefs()->PTYSeachState() == kPtySearching) {
         m_control.radio()->terminate();
-        return true;
+        return;
     }
-    return false;
+    if (status == WorkStatus::AutoStore || isSeek(status))
+        m_control.stopAndRetune();
+    m_bands.nextBand();
 }
 
 void RemoteKeys::stepToBand(int band)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "keyactions.h"
+
 namespace tuner {
 
 class BandSwitch;
@@ -32,12 +34,10 @@ private:
     // The screen (or the option list over it) is up, with no interrupt popup.
     bool servesTunerKeys() const;
     bool storing() const;
-    bool bandKey(int phase);
-    bool presetStepKey(bool up, int phase);
-    bool presetNumberKey(int id, int phase);
-    bool presetRepeatKey(bool up, int phase);
-    bool seekKey(bool up, int phase);
-    bool stopKey(int phase);
+    void perform(KeyAction action, int key);
+    // The band key: stops a PTY search, or steps to the next band, stopping
+    // an automatic store or a seek first.
+    void nextBand();
     void stepToBand(int band);
     void selectPreset(int id);
 

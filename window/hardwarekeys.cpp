@@ -2,6 +2,7 @@
 
 #include "hostevents.h"
 #include "interrupts.h"
+#include "keyactions.h"
 #include "mainwidget.h"
 #include "mcumanager.h"
 #include "nilo_mcuservice_interface.h"
@@ -76,36 +77,31 @@ void HardwareKeys::cancelInterrupt()
     m_interrupts.cancel();
 }
 
-// Keys served before the screens see them. True when the key ends here.
-bool HardwareKeys::serveAlwaysKey(int key, int phase)
+// The window's own actions: those served whatever is shown, and its answer
+// to the tuner keys when no screen took them.
+void HardwareKeys::perform(KeyAction action, int key)
 {
     Preferences *p = prefs();
     MainWidget *screens = m_screens();
     const KeyRole role = keyRole(key);
-    switch (role) {
-    case KeyRole::CancelInterrupt:
-        if (phase != Qx::KeyShortReleased)
-            return false;
+    const bool up = isUpward(role);
+    switch (action) {
+    case KeyAction::CancelInterrupt:
         cancelInterrupt();
-        return true;
-    case KeyRole::AfOff:
-    case KeyRole::AfOn:
-        p->setAf(role == KeyRole::AfOn);
+        break;
+    case KeyAction::SwitchAf:
+        p->setAf(turnsOn(role));
         sendAf(m_radio);
-        return false;
-    case KeyRole::TaOff:
-    case KeyRole::TaOn:
-        p->setTa(role == KeyRole::TaOn);
+        break;
+    case KeyAction::SwitchTa:
+        p->setTa(turnsOn(role));
         sendTa(m_radio);
-        return false;
-    case KeyRole::LocalOff:
-    case KeyRole::LocalOn: {
-        const bool on = role == KeyRole::LocalOn;
-        p->setLocal(on);
-        m_radio->config(on, 1, 1);
-        return false;
-    }
-    case KeyRole::AmOrFm3:
+        break;
+    case KeyAction::SwitchLocal:
+        p->setLocal(turnsOn(role));
+        m_radio->config(turnsOn(role), 1, 1);
+        break;
+    case KeyAction::AmOrFm3:
         if (!screens) {
             p->setBand(BAND_AM1);
             m_radio->setband(BAND_AM1);
@@ -116,8 +112,8 @@ bool HardwareKeys::serveAlwaysKey(int key, int phase)
         } else {
             screens->scrollToPage(BAND_AM1);
         }
-        return false;
-    case KeyRole::Fm1OrAm2:
+        break;
+    case KeyAction::Fm1OrAm2:
         if (!screens) {
             p->setBand(BAND_FM1);
             m_radio->setband(BAND_FM1);
@@ -128,130 +124,46 @@ bool HardwareKeys::serveAlwaysKey(int key, int phase)
             p->setBand_AM(BAND_AM2);
             screens->BandChanged();
         }
-        return false;
-    default:
-        return false;
+        break;
+    case KeyAction::StepPreset:
+        up ? keys()->presetUP() : keys()->presetDown();
+        break;
+    case KeyAction::PresetSeek:
+    case KeyAction::Seek:
+        up ? keys()->seekForward() : keys()->seekBackward();
+        break;
+    case KeyAction::ManualStart:
+        up ? keys()->ManualPlusPressed() : keys()->ManualMinusPressed();
+        break;
+    case KeyAction::ManualStop:
+        up ? keys()->ManualPlusReleased() : keys()->ManualMinusReleased();
+        break;
+    case KeyAction::Recall:
+        keys()->presetSelect(presetOfKey(key));
+        break;
+    case KeyAction::Store:
+        keys()->savePreset(presetOfKey(key));
+        break;
+    case KeyAction::NextBand:
+        keys()->changBand();
+        break;
+    case KeyAction::StopSearch:
+        m_radio->terminate();
+        break;
+    case KeyAction::Nothing:
+        break;
     }
 }
 
-// The window's own answer to the tuner keys, when no screen took them. Unlike
-// the screen's remote keys, a press here is beeped but not consumed.
-bool HardwareKeys::serveTunerKey(int key, int phase)
+bool HardwareKeys::serve(KeyContext context, int key, int phase)
 {
-    const auto status = WorkStatus(prefs()->workState());
-    const bool idle = status != WorkStatus::AutoStore;
-    const KeyRole role = keyRole(key);
-    switch (role) {
-    case KeyRole::PresetNext:
-    case KeyRole::PresetPrevious: {
-        if (!idle)
-            return false;
-        const bool up = role == KeyRole::PresetNext;
-        if (phase == Qx::KeyPressed) {
-            beep(0);
-            return false;
-        }
-        if (phase == Qx::KeyShortReleased) {
-            up ? keys()->presetUP() : keys()->presetDown();
-            return true;
-        }
-        if (phase == Qx::KeyLongPressed) {
-            beep(1);
-            up ? keys()->seekForward() : keys()->seekBackward();
-            return true;
-        }
+    const KeyRule *rule = keyRule(context, keyRole(key), phase, WorkStatus(prefs()->workState()));
+    if (!rule)
         return false;
-    }
-    case KeyRole::Band:
-        if (phase == Qx::KeyPressed) {
-            beep(0);
-            return false;
-        }
-        if (phase == Qx::KeyShortReleased) {
-            keys()->changBand();
-            return true;
-        }
-        return false;
-    case KeyRole::PresetNumber: {
-        const int preset = presetOfKey(key);
-        switch (phase) {
-        case Qx::KeyPressed:
-            beep(0);
-            if (!idle)
-                keys()->presetSelect(preset);
-            return true;
-        case Qx::KeyShortReleased:
-            if (idle)
-                keys()->presetSelect(preset);
-            return true;
-        case Qx::KeyLongPressed:
-            if (idle) {
-                beep(1);
-                keys()->savePreset(preset);
-            }
-            return true;
-        default:
-            return false;
-        }
-    }
-    case KeyRole::PresetUp:
-    case KeyRole::PresetDown: {
-        if (!idle)
-            return false;
-        const bool up = role == KeyRole::PresetUp;
-        switch (phase) {
-        case Qx::KeyPressed:
-            beep(0);
-            up ? keys()->presetUP() : keys()->presetDown();
-            return true;
-        case Qx::KeyLongPressed:
-            up ? keys()->presetUP() : keys()->presetDown();
-            return true;
-        case Qx::KeyShortReleased:
-        case Qx::KeyLongReleased:
-            return true;
-        default:
-            return false;
-        }
-    }
-    case KeyRole::SeekDown:
-    case KeyRole::SeekUp: {
-        if (!idle)
-            return false;
-        const bool plus = role == KeyRole::SeekUp;
-        switch (phase) {
-        case Qx::KeyPressed:
-            beep(0);
-            return false;
-        case Qx::KeyShortReleased:
-            plus ? keys()->seekForward() : keys()->seekBackward();
-            return true;
-        case Qx::KeyLongPressed:
-            beep(1);
-            plus ? keys()->ManualPlusPressed() : keys()->ManualMinusPressed();
-            return true;
-        case Qx::KeyLongReleased:
-            plus ? keys()->ManualPlusReleased() : keys()->ManualMinusReleased();
-            return true;
-        default:
-            return false;
-        }
-    }
-    case KeyRole::StopSearch:
-        if (status != WorkStatus::AutoStore && !isSeek(status))
-            return false;
-        if (phase == Qx::KeyPressed) {
-            beep(0);
-            return true;
-        }
-        if (phase == Qx::KeyShortReleased) {
-            m_radio->terminate();
-            return true;
-        }
-        return false;
-    default:
-        return false;
-    }
+    if (rule->beep >= 0)
+        beep(rule->beep);
+    perform(rule->action, key);
+    return rule->consumed;
 }
 
 bool HardwareKeys::sourceKeyEvent(KeyEvent *e)
@@ -271,13 +183,13 @@ bool HardwareKeys::sourceKeyEvent(KeyEvent *e)
         m_repeatKey = key;
     }
 
-    if (serveAlwaysKey(key, phase))
+    if (serve(KeyContext::Always, key, phase))
         return true;
     MainWidget *screens = m_screens();
     if (screens && screens->windowKeyEvent(e))
         return true;
 
-    return servesTunerKeys() && serveTunerKey(key, phase);
+    return servesTunerKeys() && serve(KeyContext::Window, key, phase);
 }
 
 bool HardwareKeys::servesTunerKeys()

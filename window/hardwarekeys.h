@@ -1,5 +1,7 @@
 #pragma once
 
+#include "keyactions.h"
+
 #include <QBasicTimer>
 #include <QObject>
 
@@ -37,8 +39,10 @@ protected:
 private:
     void beep(int state);
     void cancelInterrupt();
-    bool serveAlwaysKey(int key, int phase);
-    bool serveTunerKey(int key, int phase);
+    // The key's row in the action table for this context, carried out: true
+    // when the key ends here.
+    bool serve(KeyContext context, int key, int phase);
+    void perform(KeyAction action, int key);
     // The window serves the tuner keys the screens left: not under a live
     // interrupt, nor over the PTY list or a running PTY search.
     static bool servesTunerKeys();

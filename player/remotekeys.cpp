@@ -8,6 +8,7 @@
 #include "preferences.h"
 #include "presetpages.h"
 #include "presettouch.h"
+#include "presetwalk.h"
 #include "radiocontrol.h"
 #include "rdsstation.h"
 #include "rdsswitches.h"
@@ -148,10 +149,8 @@ void RemoteKeys::nextPreset()
     int next = p->playFreqId() + 1;
     if (!validPreset(next)) {
         next = 0;
-        if (m_pages.litPreset(p->band()) == kPresetCount - 1) {
-            const int band = p->band();
-            stepToBand(p->isFM() ? (band == BAND_FM3 ? BAND_FM1 : band + 1) : (band == BAND_AM2 ? BAND_AM1 : band + 1));
-        }
+        if (m_pages.litPreset(p->band()) == kPresetCount - 1)
+            stepToBand(bandInFamily(p->band(), true));
     }
     selectPreset(next);
 }
@@ -166,8 +165,7 @@ void RemoteKeys::previousPreset()
     if (id >= 1 && id < kPresetCount) {
         next = id - 1;
     } else if (id == 0) {
-        const int band = p->band();
-        stepToBand(p->isFM() ? (band == BAND_FM1 ? BAND_FM3 : band - 1) : (band == BAND_AM1 ? BAND_AM2 : band - 1));
+        stepToBand(bandInFamily(p->band(), false));
         next = kPresetCount - 1;
     }
     selectPreset(next);

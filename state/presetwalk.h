@@ -4,6 +4,17 @@
 
 namespace tuner {
 
+// The band after (or before) `band` within its family, wrapping round:
+// FM1, FM2, FM3, FM1... and AM1, AM2, AM1...
+constexpr int bandInFamily(int band, bool next)
+{
+    const int first = isFmBandNumber(band) ? 0 : kFmBandCount;
+    const int last = isFmBandNumber(band) ? kFmBandCount - 1 : kBandCount - 1;
+    if (next)
+        return band == last ? first : band + 1;
+    return band == first ? last : band - 1;
+}
+
 // Visits presets in order from (band, preset) to the last preset of lastBand,
 // turning to preset 0 of each next band, for at most count presets. Returns
 // how many were visited. Automatic store, the AF/TA list and the RDS names all

@@ -3,6 +3,7 @@
 #include "busproxies.h"
 #include "frequencydial.h"
 #include "preferences.h"
+#include "presetwalk.h"
 #include "rdsswitches.h"
 #include "tunerlog.h"
 
@@ -193,11 +194,11 @@ void tunerfunction::presetUP()
     int band = p->band();
     if (current == 5) {
         if (p->isFM()) {
-            band = band == BAND_FM3 ? BAND_FM1 : band + 1;
+            band = bandInFamily(band, true);
             m_radio->setband(band);
             p->setBand_FM(Band(band));
         } else {
-            band = band == BAND_AM2 ? BAND_AM1 : band + 1;
+            band = bandInFamily(band, true);
             m_radio->setband(band);
             p->setBand_AM(Band(band - BAND_AM1)); // relative to 3 here, as recorded by the head unit
         }
@@ -217,11 +218,11 @@ void tunerfunction::presetDown()
     int next = 0;
     if (current == 0) {
         if (p->isFM()) {
-            band = band == BAND_FM1 ? BAND_FM3 : band - 1;
+            band = bandInFamily(band, false);
             m_radio->setband(band);
             p->setBand_FM(Band(band));
         } else {
-            band = band == BAND_AM1 ? BAND_AM2 : band - 1;
+            band = bandInFamily(band, false);
             m_radio->setband(band);
             p->setBand_AM(Band(band));
         }

@@ -21,16 +21,11 @@ Q_DECLARE_METATYPE(Condition)
 
 namespace {
 
-const QVariantMap kStation{{"bandId", 1},
-                           {"bandPos", "0;0;0;0;0"},
-                           {"fmMaxFreq", 10800},
-                           {"fmMinFreq", 8750},
-                           {"fmStep", 5},
-                           {"amMaxFreq", 1602},
-                           {"amMinFreq", 531},
-                           {"amStep", 9},
-                           {"bandCurFreq", "8800;9450;10020;999;1089"},
-                           {"freqBandId", 1}};
+// clang-format off
+const QVariantMap kStation{{"bandId", 1}, {"bandPos", "0;0;0;0;0"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750},
+                           {"fmStep", 5}, {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
+                           {"bandCurFreq", "8800;9450;10020;999;1089"}, {"freqBandId", 1}};
+// clang-format on
 
 } // namespace
 

@@ -142,27 +142,16 @@ private slots:
         Preferences::resetInstance();
 
         NiloRadioServiceBackend *radio = m_fakes->radio();
-        radio->setAnswers({{"bandSwitch", bandSwitch},
-                           {"bandId", bandId},
+        // clang-format off
+        radio->setAnswers({{"bandSwitch", bandSwitch}, {"bandId", bandId},
                            {"fmList", "8800;8930;9050;9190;9310;9450;9580;9720;9870;10020;10150;10280"},
-                           {"amList", "585;693;909"},
-                           {"fmMaxFreq", 10800},
-                           {"fmMinFreq", 8750},
-                           {"fmStep", 5},
-                           {"amMaxFreq", 1602},
-                           {"amMinFreq", 531},
-                           {"amStep", 9},
-                           {"bandCurFreq", "9000;9450;10020;999;1089"},
-                           {"bandPos", "1;2;0;3;0"},
-                           {"initLocal", 1},
-                           {"initRegional", 0},
-                           {"initAfTaList", "2;1;3"},
-                           {"initAfTa", 2},
-                           {"initPsName1", "BBC R2;NDR 2"},
-                           {"initPsName2", "SWR3"},
-                           {"piTpStatus", piTp},
-                           {"rdsProgramName", "NDR 2"},
-                           {"RDSstate", 3}});
+                           {"amList", "585;693;909"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750}, {"fmStep", 5},
+                           {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9},
+                           {"bandCurFreq", "9000;9450;10020;999;1089"}, {"bandPos", "1;2;0;3;0"}, {"initLocal", 1},
+                           {"initRegional", 0}, {"initAfTaList", "2;1;3"}, {"initAfTa", 2},
+                           {"initPsName1", "BBC R2;NDR 2"}, {"initPsName2", "SWR3"}, {"piTpStatus", piTp},
+                           {"rdsProgramName", "NDR 2"}, {"RDSstate", 3}});
+        // clang-format on
         if (failure == QLatin1String("absent"))
             m_fakes->stop();
         radio->setHung(failure == QLatin1String("hung"));
@@ -257,17 +246,11 @@ private slots:
     {
         QFETCH(int, delayMs);
         NiloRadioServiceBackend *radio = m_fakes->radio();
-        radio->setAnswers({{"bandId", 1},
-                           {"bandPos", "1;1;1;1;1"},
-                           {"fmMaxFreq", 10800},
-                           {"fmMinFreq", 8750},
-                           {"fmStep", 5},
-                           {"amMaxFreq", 1602},
-                           {"amMinFreq", 531},
-                           {"amStep", 9},
-                           {"freqBandId", 1},
-                           {"bandCurFreq", "9000;9450;10020;999;1089"},
-                           {"initAfTa", 2}});
+        // clang-format off
+        radio->setAnswers({{"bandId", 1}, {"bandPos", "1;1;1;1;1"}, {"fmMaxFreq", 10800}, {"fmMinFreq", 8750},
+                           {"fmStep", 5}, {"amMaxFreq", 1602}, {"amMinFreq", 531}, {"amStep", 9}, {"freqBandId", 1},
+                           {"bandCurFreq", "9000;9450;10020;999;1089"}, {"initAfTa", 2}});
+        // clang-format on
         radio->setReplyDelay(delayMs);
         MainWindow window;
         window.onCreate();

@@ -53,11 +53,11 @@ protected:
     // on/off = updateAudioStatus(7/8), beep/beep1 = triggerBeep(0/1); others in full.
     QString mcuInShort()
     {
-        static const QHash<QString, QString> shortNames{{"triggerBeep(0)", "beep"},
-                                                        {"triggerBeep(1)", "beep1"},
-                                                        {"updateAudioChannel(1)", "ch"},
-                                                        {"updateAudioStatus(7)", "on"},
+        // clang-format off
+        static const QHash<QString, QString> shortNames{{"triggerBeep(0)", "beep"}, {"triggerBeep(1)", "beep1"},
+                                                        {"updateAudioChannel(1)", "ch"}, {"updateAudioStatus(7)", "on"},
                                                         {"updateAudioStatus(8)", "off"}};
+        // clang-format on
         QStringList calls;
         for (const QString &call : mcuCalls())
             calls << shortNames.value(call, call);

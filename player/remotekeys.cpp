@@ -4,6 +4,7 @@
 #include "hostevents.h"
 #include "interruptbanner.h"
 #include "keyactions.h"
+#include "manualkeys.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
 #include "presetpages.h"
@@ -18,12 +19,13 @@
 namespace tuner {
 
 RemoteKeys::RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &pages, PresetTouch &touch,
-                       BandSwitch &bands, RdsStation &rds, const InterruptBanner &banner)
+                       BandSwitch &bands, ManualKeys &manual, RdsStation &rds, const InterruptBanner &banner)
     : m_screen(screen)
     , m_control(control)
     , m_pages(pages)
     , m_touch(touch)
     , m_bands(bands)
+    , m_manual(manual)
     , m_rds(rds)
     , m_banner(banner)
 {}
@@ -87,10 +89,10 @@ void RemoteKeys::perform(KeyAction action, int key)
         m_screen.startSeek(up);
         break;
     case KeyAction::ManualStart:
-        up ? m_screen.onManualPlusPressed() : m_screen.onManualMinusPressed();
+        m_manual.pressed(up);
         break;
     case KeyAction::ManualStop:
-        up ? m_screen.onManualPlusReleased() : m_screen.onManualMinusReleased();
+        m_manual.released(up);
         break;
     case KeyAction::Recall:
         m_touch.clicked(presetOfKey(key), true);

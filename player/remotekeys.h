@@ -6,6 +6,7 @@ namespace tuner {
 
 class BandSwitch;
 class InterruptBanner;
+class ManualKeys;
 class PresetPages;
 class PresetTouch;
 class RadioControl;
@@ -19,7 +20,7 @@ class RemoteKeys
 {
 public:
     RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &pages, PresetTouch &touch, BandSwitch &bands,
-               RdsStation &rds, const InterruptBanner &banner);
+               ManualKeys &manual, RdsStation &rds, const InterruptBanner &banner);
 
     // True when the key was consumed.
     bool keyEvent(int key, int phase);
@@ -46,6 +47,7 @@ private:
     PresetPages &m_pages;
     PresetTouch &m_touch;
     BandSwitch &m_bands;
+    ManualKeys &m_manual;
     RdsStation &m_rds;
     const InterruptBanner &m_banner;
 };

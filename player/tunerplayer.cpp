@@ -52,7 +52,7 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge, ShownStation *sh
     , m_bands(*this, m_control, m_pages, m_rds, m_line, m_banner, ui->Key_0020_switch_band, ui->Txt_0017_band_name)
     , m_manual(*this, m_control, m_rds, ui->Key_0028_manual_plus, ui->Key_0027_manual_minus)
     , m_touch(*this, m_control, m_pages, m_line)
-    , m_keys(*this, m_control, m_pages, m_touch, m_bands, m_rds, m_banner)
+    , m_keys(*this, m_control, m_pages, m_touch, m_bands, m_manual, m_rds, m_banner)
     , m_search(ui)
     , m_autoStore(*this, m_control, m_pages, m_rds)
 {

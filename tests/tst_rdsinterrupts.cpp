@@ -189,11 +189,14 @@ private slots:
         prefs()->setRegional(true);
         prefs()->setLocal(true);
         player()->onWorkStatus(workStatus);
-        if (slot == QLatin1String("onSetPty"))
+        prefs()->setPresetIndex(3);
+        const bool ptySearch = slot == QLatin1String("onSetPty");
+        if (ptySearch)
             player()->onSetPty(10);
         else
             QVERIFY(QMetaObject::invokeMethod(player(), qPrintable(slot)));
         QCOMPARE(m_fakes->describedCalls(m_fakes->radio()), radio);
+        QCOMPARE(prefs()->presetIndex(), ptySearch ? 0 : 3); // the search leaves the presets
     }
 
     void interrupts_data()

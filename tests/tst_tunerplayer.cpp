@@ -271,7 +271,7 @@ private slots:
 
     // Every work status on either family, with the vehicle's RDS switch:
     // the status line and its dots, or the frequency page where the status
-    // shows nothing. A PTY search also unlights the lit preset.
+    // shows nothing. A PTY search also unlights the lit preset and its index.
     void statusPageAndDots_data()
     {
         QTest::addColumn<int>("status");
@@ -307,10 +307,12 @@ private slots:
         m_player->updateBandInfo();
         prefs()->setLocal(local);
         m_player->checkedId(3);
+        prefs()->setPresetIndex(3);
         QCOMPARE(litPresets(), 1);
         m_player->onWorkStatus(status);
         QCOMPARE(int(m_player->workStatus()), status);
         QCOMPARE(litPresets(), presetLit ? 1 : 0);
+        QCOMPARE(prefs()->presetIndex(), presetLit ? 3 : 0);
         if (text.isEmpty()) {
             QCOMPARE(page(), QStringLiteral("page_tuner_01"));
             return;

@@ -20,7 +20,7 @@ constexpr int kPresetRepeatMs = 500;
 
 WorkStatus workStatus()
 {
-    return WorkStatus(prefs()->workState());
+    return prefs()->running().reportedWorkStatus();
 }
 
 } // namespace

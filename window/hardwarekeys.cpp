@@ -51,7 +51,7 @@ void HardwareKeys::timerEvent(QTimerEvent *event)
         m_repeatTimer.stop();
         return;
     }
-    if (WorkStatus(prefs()->workState()) == WorkStatus::AutoStore)
+    if (prefs()->running().reportedWorkStatus() == WorkStatus::AutoStore)
         return;
     if (keyRole(m_repeatKey) == KeyRole::PresetUp)
         keys()->presetUP();
@@ -157,7 +157,7 @@ void HardwareKeys::perform(KeyAction action, int key)
 
 bool HardwareKeys::serve(KeyContext context, int key, int phase)
 {
-    const KeyRule *rule = keyRule(context, keyRole(key), phase, WorkStatus(prefs()->workState()));
+    const KeyRule *rule = keyRule(context, keyRole(key), phase, prefs()->running().reportedWorkStatus());
     if (!rule)
         return false;
     if (rule->beep >= 0)
@@ -204,7 +204,7 @@ void HardwareKeys::stepPreset(bool up)
     MainWidget *screens = m_screens();
     if (screens && screens->stepPreset(up))
         return;
-    if (!servesTunerKeys() || WorkStatus(prefs()->workState()) == WorkStatus::AutoStore)
+    if (!servesTunerKeys() || prefs()->running().reportedWorkStatus() == WorkStatus::AutoStore)
         return;
     up ? keys()->presetUP() : keys()->presetDown();
 }

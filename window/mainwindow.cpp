@@ -200,7 +200,7 @@ void MainWindow::onAudioFocusChange(int focus)
     Preferences *p = prefs();
     m_active = false;
     m_radio->terminate();
-    if (isSeek(WorkStatus(p->workState())))
+    if (isSeek(p->running().reportedWorkStatus()))
         m_radio->tune(p->playFreq());
     m_interrupts.focusLost();
 }

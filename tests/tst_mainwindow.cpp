@@ -15,6 +15,7 @@
 #include "tunerplayer.h"
 #include "warningcounter.h"
 
+#include <QLabel>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -235,6 +236,23 @@ private slots:
     // On a first boot (no radio.conf) the screen commands the radio's own
     // band only. Against a radio that answers late it is built before that
     // band is known, and commands none until then.
+    // A start-up report the service sends while the screen is up, on AM: the
+    // screen labels its presets with the stations reported.
+    void startUpReportRelabelsTheScreen()
+    {
+        MainWindow window;
+        window.onCreate();
+        window.screenStack()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.screenStack()));
+        m_fakes->inServiceThread([this] {
+            emit m_fakes->radio()->initDate(1, 3, "", "603;711;999", 0, 0, 0, 0, 0, 10800, 8750, 5, 1602, 531, 9,
+                                            "9000;9450;10020;999;1089", "0;0;0;0;0", 0, 0);
+        });
+        const auto *first = window.screenStack()->player()->findChild<QLabel *>(QStringLiteral("Txt_0481_f1"));
+        QVERIFY(first);
+        QTRY_COMPARE(first->text(), QStringLiteral("603"));
+    }
+
     void firstBootCommandsTheRadiosBand_data()
     {
         QTest::addColumn<int>("delayMs");

@@ -35,14 +35,9 @@ bool RemoteKeys::servesTunerKeys() const
     return (m_screen.isVisible() || g_TunerCurDSPL == DisplayOptionList) && !m_banner.isUp();
 }
 
-bool RemoteKeys::storing() const
-{
-    return m_control.workStatus() == WorkStatus::AutoStore;
-}
-
 bool RemoteKeys::stepPreset(bool up)
 {
-    if (!servesTunerKeys() || storing())
+    if (!servesTunerKeys() || m_control.workStatus() == WorkStatus::AutoStore)
         return false;
     up ? nextPreset() : previousPreset();
     return true;

@@ -34,7 +34,6 @@ public:
 private:
     // The screen (or the option list over it) is up, with no interrupt popup.
     bool servesTunerKeys() const;
-    bool storing() const;
     void perform(KeyAction action, int key);
     // The band key: stops a PTY search, or steps to the next band, stopping
     // an automatic store or a seek first.

@@ -167,9 +167,4 @@ bool InterruptBookkeeping::reopenAnnouncement()
     return true;
 }
 
-void InterruptBookkeeping::searchStarted()
-{
-    prefs()->running().endShownInterrupt();
-}
-
 } // namespace tuner

@@ -47,8 +47,6 @@ public:
     void announcementSourceTaken();
     // After a cancelled alarm: true when the announcement is to be shown again.
     bool reopenAnnouncement();
-    // A search ends whatever interrupt was being shown.
-    static void searchStarted();
 
 signals:
     // A cancelled interrupt is over: the host is to be told.

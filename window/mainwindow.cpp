@@ -354,7 +354,7 @@ void MainWindow::onstatusChanged(int state)
 void MainWindow::onPTYSeekState(int type)
 {
     if (type == kPtyFound)
-        InterruptBookkeeping::searchStarted();
+        prefs()->running().endShownInterrupt();
     prefs()->setPtySerchstate(type);
     if (m_mainWidget)
         m_mainWidget->PTYsearchStatus(type);
@@ -365,7 +365,7 @@ void MainWindow::onPTYSeekState(int type)
 void MainWindow::onWorkStatus(int state)
 {
     if (state >= int(WorkStatus::AutoStore) && state <= int(WorkStatus::PtySearchDown))
-        InterruptBookkeeping::searchStarted();
+        prefs()->running().endShownInterrupt();
     prefs()->setWorkState(state);
 }
 

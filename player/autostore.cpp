@@ -1,17 +1,17 @@
 #include "autostore.h"
 
 #include "preferences.h"
+#include "presetlabels.h"
 #include "presetpages.h"
 #include "radiocontrol.h"
 #include "rdsstation.h"
-#include "tunerplayer.h"
 
 namespace tuner {
 
-AutoStore::AutoStore(TunerPlayer &screen, RadioControl &control, PresetPages &pages, RdsStation &rds)
-    : m_screen(screen)
-    , m_control(control)
+AutoStore::AutoStore(RadioControl &control, PresetPages &pages, PresetLabels &labels, RdsStation &rds)
+    : m_control(control)
     , m_pages(pages)
+    , m_labels(labels)
     , m_rds(rds)
 {}
 
@@ -26,7 +26,7 @@ void AutoStore::start()
     if (m_pages.litPreset(p->band()) == -1)
         p->clearBtmFreqId();
     p->btmStart();
-    m_screen.clearFreqId();
+    m_labels.unlightFamily();
     p->clearBtmFreqId();
     m_control.autoScan();
 }
@@ -34,7 +34,7 @@ void AutoStore::start()
 void AutoStore::completed()
 {
     Preferences *p = prefs();
-    m_screen.updateLabelFreq();
+    m_labels.relabel();
     const int id = p->presetAfterStore();
     const int band = p->btmband();
     if (validPreset(id) && p->favoritBandAt(Band(band), id) == p->playFreq()) {

@@ -2,17 +2,17 @@
 
 namespace tuner {
 
+class PresetLabels;
 class PresetPages;
 class RadioControl;
 class RdsStation;
-class TunerPlayer;
 
 // The automatic store as the tuner screen runs it: started (or, while the
 // service searches, only stopped), and the preset lit when it is done.
 class AutoStore
 {
 public:
-    AutoStore(TunerPlayer &screen, RadioControl &control, PresetPages &pages, RdsStation &rds);
+    AutoStore(RadioControl &control, PresetPages &pages, PresetLabels &labels, RdsStation &rds);
 
     void start();
     // The service stored its stations: the labels show them, and the preset
@@ -22,9 +22,9 @@ public:
     void lightChosenPreset();
 
 private:
-    TunerPlayer &m_screen;
     RadioControl &m_control;
     PresetPages &m_pages;
+    PresetLabels &m_labels;
     RdsStation &m_rds;
 };
 

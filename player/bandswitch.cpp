@@ -4,13 +4,14 @@
 #include "interruptbanner.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
+#include "presetlabels.h"
 #include "presetpages.h"
 #include "radiocontrol.h"
 #include "rdsstation.h"
 #include "rdsswitches.h"
 #include "translator.h"
+#include "tunedfrequency.h"
 #include "tunerlog.h"
-#include "tunerplayer.h"
 
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -32,11 +33,14 @@ int amPage()
 
 } // namespace
 
-BandSwitch::BandSwitch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, RdsStation &rds,
-                       DisplayLine &line, const InterruptBanner &banner, QWidget *bandKey, QLabel *bandName)
+BandSwitch::BandSwitch(const QWidget &screen, RadioControl &control, PresetPages &pages, PresetLabels &labels,
+                       TunedFrequency &frequency, RdsStation &rds, DisplayLine &line, const InterruptBanner &banner,
+                       QWidget *bandKey, QLabel *bandName)
     : m_screen(screen)
     , m_control(control)
     , m_pages(pages)
+    , m_labels(labels)
+    , m_frequency(frequency)
     , m_rds(rds)
     , m_line(line)
     , m_banner(banner)
@@ -107,11 +111,10 @@ void BandSwitch::switchFamily()
     }
     m_line.showUnit(toFm);
 
-    m_screen.updateLabelFreq();
+    m_labels.relabel();
     m_pages.light(p->band(), p->playFreqId());
     m_control.setLastFrequency(p->playFreq());
     m_control.seekEnded();
-    m_screen.onWorkStatus(0);
     emit familySwitched();
     m_fromRemote = false;
 
@@ -188,10 +191,9 @@ void BandSwitch::enter(int band)
     p->setBand(Band(band));
     m_pages.showPageImage(band);
     m_pages.light(band, p->playFreqId());
-    m_screen.setRange(p->lowFreq(), p->highFreq());
-    m_screen.setStep(p->stepFreq());
+    m_frequency.followBand();
     if (m_familySwitched) {
-        m_screen.setValue(p->playFreq());
+        m_frequency.setValue(p->playFreq());
         m_familySwitched = false;
     }
 }

@@ -10,10 +10,11 @@ namespace tuner {
 
 class DisplayLine;
 class InterruptBanner;
+class PresetLabels;
 class PresetPages;
 class RadioControl;
 class RdsStation;
-class TunerPlayer;
+class TunedFrequency;
 
 // Moving between bands: the band key switches between the FM and AM families,
 // the remote's band key steps through all five bands, and turning a preset
@@ -22,8 +23,10 @@ class BandSwitch : public QObject
 {
     Q_OBJECT
 public:
-    BandSwitch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, RdsStation &rds, DisplayLine &line,
-               const InterruptBanner &banner, QWidget *bandKey, QLabel *bandName);
+    // The band key works while `screen` is visible.
+    BandSwitch(const QWidget &screen, RadioControl &control, PresetPages &pages, PresetLabels &labels,
+               TunedFrequency &frequency, RdsStation &rds, DisplayLine &line, const InterruptBanner &banner,
+               QWidget *bandKey, QLabel *bandName);
 
     // Shows the stored band's family and page, without animation.
     void showStoredBand();
@@ -41,6 +44,7 @@ public:
     void enterAmPage(int page);
 
 signals:
+    // After a family switch, whatever ran before shows as ended.
     void familySwitched();
 
 protected:
@@ -51,9 +55,11 @@ private:
     void enter(int band);
     void unlockKey();
 
-    TunerPlayer &m_screen;
+    const QWidget &m_screen;
     RadioControl &m_control;
     PresetPages &m_pages;
+    PresetLabels &m_labels;
+    TunedFrequency &m_frequency;
     RdsStation &m_rds;
     DisplayLine &m_line;
     const InterruptBanner &m_banner;

@@ -1,12 +1,15 @@
 #include "manualkeys.h"
 
 #include "nilo_radioservice_interface.h"
+#include "preferences.h"
+#include "presetpages.h"
 #include "radiocontrol.h"
 #include "rdsstation.h"
+#include "tunedfrequency.h"
 #include "tunerlog.h"
-#include "tunerplayer.h"
 
 #include <QTimerEvent>
+#include <QWidget>
 
 namespace tuner {
 
@@ -18,8 +21,11 @@ constexpr int kUnlockMs = 3000;
 
 } // namespace
 
-ManualKeys::ManualKeys(TunerPlayer &screen, RadioControl &control, RdsStation &rds, QWidget *plusKey, QWidget *minusKey)
+ManualKeys::ManualKeys(const QWidget &screen, TunedFrequency &frequency, PresetPages &pages, RadioControl &control,
+                       RdsStation &rds, QWidget *plusKey, QWidget *minusKey)
     : m_screen(screen)
+    , m_frequency(frequency)
+    , m_pages(pages)
     , m_control(control)
     , m_rds(rds)
     , m_plusKey(plusKey)
@@ -28,7 +34,13 @@ ManualKeys::ManualKeys(TunerPlayer &screen, RadioControl &control, RdsStation &r
 
 void ManualKeys::step(bool plus)
 {
-    plus ? m_screen.manualPlus() : m_screen.manualMinus();
+    Preferences *p = prefs();
+    if (validPreset(p->playFreqId())) {
+        m_pages.unlight(p->band());
+        p->setCurrPlayFreqId(kNoPreset);
+        p->setPresetIndex(0);
+    }
+    m_frequency.setValue(m_frequency.next(plus));
 }
 
 void ManualKeys::clicked(bool plus)
@@ -44,7 +56,7 @@ void ManualKeys::clicked(bool plus)
     }
     m_stepping = true;
     step(plus);
-    m_control.tune(m_screen.freqValue());
+    m_control.tune(m_frequency.value());
     // Until the service confirms the frequency, or the fallback gives up on it.
     key(plus)->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_unlock.start(kUnlockMs, this);
@@ -72,7 +84,7 @@ void ManualKeys::released(bool plus)
         m_control.radio()->keyLongPress(0);
     }
     // The report of this tune is not awaited: the display already shows it.
-    m_control.radio()->tune(m_screen.freqValue());
+    m_control.radio()->tune(m_frequency.value());
 }
 
 void ManualKeys::unlock()

@@ -7,9 +7,10 @@ class QWidget;
 
 namespace tuner {
 
+class PresetPages;
 class RadioControl;
 class RdsStation;
-class TunerPlayer;
+class TunedFrequency;
 
 // The manual step keys: a tap steps once and tunes, locking the key until the
 // service confirms the frequency; a hold steps the display every 300 ms and
@@ -17,8 +18,9 @@ class TunerPlayer;
 class ManualKeys : public QObject
 {
 public:
-    // The screen steps its frequency model; the keys are locked while they wait.
-    ManualKeys(TunerPlayer &screen, RadioControl &control, RdsStation &rds, QWidget *plusKey, QWidget *minusKey);
+    // The keys are locked while they wait; a hold ends when `screen` is hidden.
+    ManualKeys(const QWidget &screen, TunedFrequency &frequency, PresetPages &pages, RadioControl &control,
+               RdsStation &rds, QWidget *plusKey, QWidget *minusKey);
 
     void clicked(bool plus);
     void pressed(bool plus);
@@ -28,6 +30,9 @@ public:
     // A tapped key waits for the service's confirmation.
     bool stepping() const { return m_stepping; }
     void unlock();
+    // One step of the frequency shown, wrapping at the band's edges; the
+    // preset that played goes out.
+    void step(bool plus);
 
 protected:
     void timerEvent(QTimerEvent *event) override;
@@ -35,9 +40,10 @@ protected:
 private:
     QWidget *key(bool plus) const { return plus ? m_plusKey : m_minusKey; }
     QBasicTimer &repeat(bool plus) { return plus ? m_plusRepeat : m_minusRepeat; }
-    void step(bool plus);
 
-    TunerPlayer &m_screen;
+    const QWidget &m_screen;
+    TunedFrequency &m_frequency;
+    PresetPages &m_pages;
     RadioControl &m_control;
     RdsStation &m_rds;
     QWidget *m_plusKey;

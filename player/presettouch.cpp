@@ -3,9 +3,12 @@
 #include "displayline.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
+#include "presetlabels.h"
 #include "presetpages.h"
 #include "radiocontrol.h"
-#include "tunerplayer.h"
+#include "rdsstation.h"
+#include "rdsswitches.h"
+#include "tunedfrequency.h"
 
 #include <QTimerEvent>
 
@@ -17,11 +20,14 @@ constexpr int kHoldMs = 1500;
 
 } // namespace
 
-PresetTouch::PresetTouch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, DisplayLine &line)
-    : m_screen(screen)
-    , m_control(control)
+PresetTouch::PresetTouch(RadioControl &control, PresetPages &pages, PresetLabels &labels,
+                         const TunedFrequency &frequency, DisplayLine &line, RdsStation &rds)
+    : m_control(control)
     , m_pages(pages)
+    , m_labels(labels)
+    , m_frequency(frequency)
     , m_line(line)
+    , m_rds(rds)
 {}
 
 void PresetTouch::pressed(int id)
@@ -55,7 +61,7 @@ void PresetTouch::clicked(int id, bool fromKey)
     p->setNumberKeyInter(false);
     if (p->PTYSeachState() == kPtySearching || isPtySearch(status)) {
         m_control.radio()->terminate();
-        m_screen.checkedId(id);
+        m_labels.light(id);
         return;
     }
     if (status == WorkStatus::AutoStore) {
@@ -70,15 +76,15 @@ void PresetTouch::clicked(int id, bool fromKey)
     p->setPresetIndex(id);
     m_control.radio()->setPreset(id);
     if (p->isFM()) {
-        m_screen.setPresetTaAf(id);
+        applyPresetTaAf(m_control.radio(), id);
         if (id != m_lastClicked) {
             m_lastClicked = id;
-            m_screen.checkedId(id);
+            m_labels.light(id);
         }
     }
     if (!isSeek(status))
-        m_line.showRecalledFrequency(m_screen.normalValue(p->favoritAt(id)));
-    m_screen.checkedId(id);
+        m_line.showRecalledFrequency(m_frequency.text(p->favoritAt(id)));
+    m_labels.light(id);
 }
 
 void PresetTouch::storeFromKey(int id)
@@ -97,24 +103,24 @@ void PresetTouch::store(int id, StoredBy by)
     }
     m_control.beep(1);
     m_control.radio()->savePreset(id);
-    m_screen.saveFavorite(id, freq);
-    m_pages.showFrequency(p->band(), id, m_screen.normalValue(freq));
+    p->setFavoriteFreq(id, freq);
+    m_pages.showFrequency(p->band(), id, m_frequency.text(freq));
     if (p->isFM()) {
         p->setFmAf(id, p->af());
         p->setFmTa(id, p->ta());
         if (by == StoredBy::Hold)
             p->setSavePreset(id, p->curRdsName().isEmpty());
     }
-    m_screen.checkedId(id);
+    m_labels.light(id);
     if (by == StoredBy::Key) {
         if (p->isFM())
-            m_screen.onRdsName(p->curRdsName());
+            m_rds.showName(p->curRdsName());
         return;
     }
     p->setPresetIndex(id);
     p->saveRdsName(p->band(), id, QString());
     if (p->isFM() && !p->curRdsName().isEmpty())
-        m_screen.onRdsName(p->curRdsName());
+        m_rds.showName(p->curRdsName());
 }
 
 void PresetTouch::timerEvent(QTimerEvent *event)

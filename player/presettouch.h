@@ -6,9 +6,11 @@
 namespace tuner {
 
 class DisplayLine;
+class PresetLabels;
 class PresetPages;
 class RadioControl;
-class TunerPlayer;
+class RdsStation;
+class TunedFrequency;
 
 // Touches on the preset keys: a tap recalls the preset, a hold of 1.5 s
 // stores the playing station in it, and a swipe across the pages does neither.
@@ -16,7 +18,8 @@ class TunerPlayer;
 class PresetTouch : public QObject
 {
 public:
-    PresetTouch(TunerPlayer &screen, RadioControl &control, PresetPages &pages, DisplayLine &line);
+    PresetTouch(RadioControl &control, PresetPages &pages, PresetLabels &labels, const TunedFrequency &frequency,
+                DisplayLine &line, RdsStation &rds);
 
     void pressed(int id);
     void released();
@@ -34,10 +37,12 @@ private:
     enum class StoredBy { Hold, Key };
     void store(int id, StoredBy by);
 
-    TunerPlayer &m_screen;
     RadioControl &m_control;
     PresetPages &m_pages;
+    PresetLabels &m_labels;
+    const TunedFrequency &m_frequency;
     DisplayLine &m_line;
+    RdsStation &m_rds;
     QBasicTimer m_hold;
     int m_pressed = 0;
     int m_lastClicked = 6;

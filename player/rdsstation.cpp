@@ -1,11 +1,11 @@
 #include "rdsstation.h"
 
 #include "displayline.h"
-#include "frequencydial.h"
 #include "preferences.h"
 #include "presetpages.h"
 #include "radiocontrol.h"
 #include "rdscodes.h"
+#include "tunedfrequency.h"
 #include "ui_c20_003_tuner.h"
 
 namespace tuner {
@@ -16,12 +16,12 @@ const QLatin1String kNoName("NULL");
 
 } // namespace
 
-RdsStation::RdsStation(Ui::c20_003_tuner *form, DisplayLine &line, PresetPages &pages, const FrequencyDial &dial,
+RdsStation::RdsStation(Ui::c20_003_tuner *form, DisplayLine &line, PresetPages &pages, const TunedFrequency &frequency,
                        const RadioControl &control)
     : ui(form)
     , m_line(line)
     , m_pages(pages)
-    , m_dial(dial)
+    , m_frequency(frequency)
     , m_control(control)
 {}
 
@@ -37,7 +37,7 @@ void RdsStation::showName(QString name)
     if (!p->isFM() || id < 0 || id >= kPresetCount || name.isEmpty())
         return;
     if (name == kNoName) {
-        m_pages.showFrequency(p->band(), id, m_dial.text(p->playFreq()));
+        m_pages.showFrequency(p->band(), id, m_frequency.text(p->playFreq()));
         p->saveRdsName(p->band(), id, QString());
     } else {
         m_pages.showName(p->band(), id, name);
@@ -72,7 +72,7 @@ void RdsStation::showStatus(int state)
     hide();
     if (QLabel *freq = m_line.freq())
         freq->show();
-    m_line.setFrequencyText(m_dial.text(m_control.lastFrequency()));
+    m_line.setFrequencyText(m_frequency.text(m_control.lastFrequency()));
     if (m_line.mode() == 0)
         ui->Txt_0020_rds_unit->show();
 }

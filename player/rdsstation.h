@@ -9,7 +9,7 @@ class c20_003_tuner;
 namespace tuner {
 
 class DisplayLine;
-class FrequencyDial;
+class TunedFrequency;
 class PresetPages;
 class RadioControl;
 
@@ -18,7 +18,7 @@ class RadioControl;
 class RdsStation
 {
 public:
-    RdsStation(Ui::c20_003_tuner *form, DisplayLine &line, PresetPages &pages, const FrequencyDial &dial,
+    RdsStation(Ui::c20_003_tuner *form, DisplayLine &line, PresetPages &pages, const TunedFrequency &frequency,
                const RadioControl &control);
 
     // "NULL" clears the name, and the lit preset's stored one.
@@ -32,7 +32,7 @@ private:
     Ui::c20_003_tuner *ui;
     DisplayLine &m_line;
     PresetPages &m_pages;
-    const FrequencyDial &m_dial;
+    const TunedFrequency &m_frequency;
     const RadioControl &m_control;
 };
 

@@ -7,6 +7,7 @@
 #include "manualkeys.h"
 #include "nilo_radioservice_interface.h"
 #include "preferences.h"
+#include "presetlabels.h"
 #include "presetpages.h"
 #include "presettouch.h"
 #include "presetwalk.h"
@@ -14,15 +15,18 @@
 #include "rdsstation.h"
 #include "rdsswitches.h"
 #include "tuneroptions.h"
-#include "tunerplayer.h"
+
+#include <QWidget>
 
 namespace tuner {
 
-RemoteKeys::RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &pages, PresetTouch &touch,
-                       BandSwitch &bands, ManualKeys &manual, RdsStation &rds, const InterruptBanner &banner)
+RemoteKeys::RemoteKeys(const QWidget &screen, RadioControl &control, PresetPages &pages, PresetLabels &labels,
+                       PresetTouch &touch, BandSwitch &bands, ManualKeys &manual, RdsStation &rds,
+                       const InterruptBanner &banner)
     : m_screen(screen)
     , m_control(control)
     , m_pages(pages)
+    , m_labels(labels)
     , m_touch(touch)
     , m_bands(bands)
     , m_manual(manual)
@@ -76,12 +80,12 @@ void RemoteKeys::perform(KeyAction action, int key)
         if (isSeek(m_control.workStatus())) {
             m_control.radio()->terminate();
         } else {
-            m_screen.clearCurFreqId();
+            m_labels.unlightBand();
             m_control.seek(up);
         }
         break;
     case KeyAction::Seek:
-        m_screen.startSeek(up);
+        startSeek(up);
         break;
     case KeyAction::ManualStart:
         m_manual.pressed(up);
@@ -104,6 +108,20 @@ void RemoteKeys::perform(KeyAction action, int key)
     default:
         break;
     }
+}
+
+bool RemoteKeys::startSeek(bool up)
+{
+    m_rds.clear();
+    const WorkStatus status = m_control.workStatus();
+    if (isSeek(status) || isPtySearch(status)) {
+        m_control.stopAndRetune();
+        return false;
+    }
+    m_labels.unlightBand();
+    prefs()->setPresetIndex(0);
+    m_control.seek(up);
+    return true;
 }
 
 void RemoteKeys::nextBand()

@@ -2,16 +2,18 @@
 
 #include "keyactions.h"
 
+class QWidget;
+
 namespace tuner {
 
 class BandSwitch;
 class InterruptBanner;
 class ManualKeys;
+class PresetLabels;
 class PresetPages;
 class PresetTouch;
 class RadioControl;
 class RdsStation;
-class TunerPlayer;
 
 // The remote and steering-wheel keys while the tuner screen is up: preset
 // stepping across bands, recall and store by number, seek and manual steps,
@@ -19,8 +21,10 @@ class TunerPlayer;
 class RemoteKeys
 {
 public:
-    RemoteKeys(TunerPlayer &screen, RadioControl &control, PresetPages &pages, PresetTouch &touch, BandSwitch &bands,
-               ManualKeys &manual, RdsStation &rds, const InterruptBanner &banner);
+    // The keys are served while `screen` is visible.
+    RemoteKeys(const QWidget &screen, RadioControl &control, PresetPages &pages, PresetLabels &labels,
+               PresetTouch &touch, BandSwitch &bands, ManualKeys &manual, RdsStation &rds,
+               const InterruptBanner &banner);
 
     // True when the key was consumed.
     bool keyEvent(int key, int phase);
@@ -30,6 +34,8 @@ public:
     void nextPreset();
     // Unlike stepping up, the band change here follows the stored preset id.
     void previousPreset();
+    // A seek from the keys: false when it only stopped a search.
+    bool startSeek(bool up);
 
 private:
     // The screen (or the option list over it) is up, with no interrupt popup.
@@ -41,9 +47,10 @@ private:
     void stepToBand(int band);
     void selectPreset(int id);
 
-    TunerPlayer &m_screen;
+    const QWidget &m_screen;
     RadioControl &m_control;
     PresetPages &m_pages;
+    PresetLabels &m_labels;
     PresetTouch &m_touch;
     BandSwitch &m_bands;
     ManualKeys &m_manual;

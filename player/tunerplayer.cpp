@@ -46,19 +46,24 @@ TunerPlayer::TunerPlayer(QWidget *parent, RadioEdge *radioEdge, ShownStation *sh
     , m_control(bus::createRadioProxy(this), bus::createMcuProxy(this))
     , m_interrupts(m_control.radio())
     , m_line(ui, m_shown)
+    , m_frequency(m_line, m_control)
     , m_pages(ui, this)
-    , m_rds(ui, m_line, m_pages, m_dial, m_control)
+    , m_labels(m_pages, m_frequency)
+    , m_rds(ui, m_line, m_pages, m_frequency, m_control)
     , m_banner(this, m_line, m_interrupts)
-    , m_bands(*this, m_control, m_pages, m_rds, m_line, m_banner, ui->Key_0020_switch_band, ui->Txt_0017_band_name)
-    , m_manual(*this, m_control, m_rds, ui->Key_0028_manual_plus, ui->Key_0027_manual_minus)
-    , m_touch(*this, m_control, m_pages, m_line)
-    , m_keys(*this, m_control, m_pages, m_touch, m_bands, m_manual, m_rds, m_banner)
+    , m_bands(*this, m_control, m_pages, m_labels, m_frequency, m_rds, m_line, m_banner, ui->Key_0020_switch_band,
+              ui->Txt_0017_band_name)
+    , m_manual(*this, m_frequency, m_pages, m_control, m_rds, ui->Key_0028_manual_plus, ui->Key_0027_manual_minus)
+    , m_touch(m_control, m_pages, m_labels, m_frequency, m_line, m_rds)
+    , m_keys(*this, m_control, m_pages, m_labels, m_touch, m_bands, m_manual, m_rds, m_banner)
     , m_search(ui)
-    , m_autoStore(*this, m_control, m_pages, m_rds)
+    , m_autoStore(m_control, m_pages, m_labels, m_rds)
 {
     connect(&m_banner, SIGNAL(raisedHidden()), this, SIGNAL(taShowTunerPlayer()));
     connect(&m_interrupts, SIGNAL(alarmCancel()), this, SIGNAL(alarmCancel()));
     connect(&m_interrupts, SIGNAL(cancelTaAlarm()), this, SIGNAL(cancelTaAlarm()));
+    // Idle is shown before the option list hears of the switch.
+    connect(&m_bands, &BandSwitch::familySwitched, this, [this] { onWorkStatus(0); });
     connect(&m_bands, SIGNAL(familySwitched()), this, SIGNAL(showOptionItem()));
 
     init_widget();
@@ -166,48 +171,23 @@ void TunerPlayer::init_widget()
 
 void TunerPlayer::setStep(int step)
 {
-    m_dial.setStep(step, prefs()->isFM());
+    m_frequency.setStep(step);
 }
 
 void TunerPlayer::recalc()
 {
-    m_dial.setStep(m_dial.step(), prefs()->isFM());
+    m_frequency.setStep(m_frequency.step());
 }
 
 void TunerPlayer::setValue(int value)
 {
-    if (!m_dial.setValue(value))
-        return;
-    m_line.showFrequency(normalValue(value));
-    m_control.setLastFrequency(value);
+    m_frequency.setValue(value);
 }
 
 bool TunerPlayer::isValidFreq()
 {
     const int freq = bus::replyValue(m_control.radio()->frequency(), "frequency");
     return freqNormalize(freq, prefs()->lowFreq(), prefs()->highFreq(), prefs()->stepFreq()) > 0;
-}
-
-// A manual step leaves the preset that was playing.
-void TunerPlayer::unlightPlayingPreset()
-{
-    if (!validPreset(prefs()->playFreqId()))
-        return;
-    m_pages.unlight(prefs()->band());
-    prefs()->setCurrPlayFreqId(kNoPreset);
-    prefs()->setPresetIndex(0);
-}
-
-void TunerPlayer::manualPlus()
-{
-    unlightPlayingPreset();
-    setValue(m_dial.next(true));
-}
-
-void TunerPlayer::manualMinus()
-{
-    unlightPlayingPreset();
-    setValue(m_dial.next(false));
 }
 
 void TunerPlayer::retranslate()
@@ -232,72 +212,6 @@ void TunerPlayer::updateBandInfo()
     m_pages.showPageImage(p->band());
 }
 
-void TunerPlayer::updateLabelFreq()
-{
-    Preferences *p = prefs();
-    setRange(p->lowFreq(), p->highFreq());
-    setStep(p->stepFreq());
-    int values[kFmBandCount * kPresetCount] = {};
-    const int count = p->isFM() ? 18 : 12;
-    p->favorites(values, count);
-    setLabelValue(values, count);
-    if (p->isFM())
-        updateRdsName();
-}
-
-void TunerPlayer::setLabelValue(const int *values, int count)
-{
-    const int firstRow = prefs()->isFM() ? BAND_FM1 : BAND_AM1;
-    const int rows = prefs()->isFM() ? kFmBandCount : kAmBandCount;
-    for (int i = 0; i < count && i < rows * kPresetCount; ++i)
-        m_pages.showFrequency(firstRow + i / kPresetCount, i % kPresetCount, normalValue(values[i]));
-}
-
-void TunerPlayer::updateRdsName()
-{
-    if (!prefs()->isFM())
-        return;
-    for (int band = BAND_FM1; band <= BAND_FM3; ++band) {
-        for (int id = 0; id < kPresetCount; ++id) {
-            const QString name = prefs()->rdsName(Band(band), id);
-            if (!name.isEmpty())
-                m_pages.showName(band, id, Preferences::delControlChar(name));
-        }
-    }
-}
-
-void TunerPlayer::checkedId(int id)
-{
-    const int band = prefs()->band();
-    m_pages.unlight(band);
-    m_pages.light(band, id);
-    prefs()->setCurrPlayFreqId(id);
-}
-
-void TunerPlayer::highPreset()
-{
-    const int band = prefs()->band();
-    m_pages.scrollToBand(band, true);
-    if (validPreset(prefs()->playFreqId()))
-        m_pages.light(band, prefs()->playFreqId());
-}
-
-void TunerPlayer::clearCurFreqId()
-{
-    prefs()->clearFreqId(prefs()->band(), kNoPreset);
-    m_pages.unlight(prefs()->band());
-}
-
-void TunerPlayer::clearFreqId()
-{
-    const int first = prefs()->isFM() ? BAND_FM1 : BAND_AM1;
-    const int last = prefs()->isFM() ? BAND_FM3 : BAND_AM2;
-    for (int band = first; band <= last; ++band) {
-        prefs()->clearFreqId(Band(band), kNoPreset);
-        m_pages.unlight(band);
-    }
-}
-
 void TunerPlayer::scrollToPage(int band)
 {
     if (!Preferences::isValidBand(band)) {
@@ -318,21 +232,6 @@ void TunerPlayer::onScrollerState(QScroller::State state)
 {
     if (state == QScroller::Dragging || state == QScroller::Scrolling)
         m_touch.swiped();
-}
-
-// A seek while searching only stops the search; false then.
-bool TunerPlayer::startSeek(bool up)
-{
-    m_rds.clear();
-    const WorkStatus status = m_control.workStatus();
-    if (isSeek(status) || isPtySearch(status)) {
-        m_control.stopAndRetune();
-        return false;
-    }
-    clearCurFreqId();
-    prefs()->setPresetIndex(0);
-    m_control.seek(up);
-    return true;
 }
 
 void TunerPlayer::seek(bool up)
@@ -391,8 +290,7 @@ void TunerPlayer::onFrequencyChanged(int freq, int band)
     const bool inFm = freq >= p->fmMinFreq() && freq <= p->fmMaxFreq();
     const bool inAm = freq >= p->amMinFreq() && freq <= p->amMaxFreq();
     const int f = storeStationReport(p, freq, band);
-    setRange(p->lowFreq(), p->highFreq());
-    setStep(p->stepFreq());
+    m_frequency.followBand();
     updateBandInfo();
 
     if (f <= 0 && (m_control.tuneRequested() || band != p->band())) {
@@ -405,7 +303,7 @@ void TunerPlayer::onFrequencyChanged(int freq, int band)
     }
     if (f <= 0) {
         m_control.setLastFrequency(p->playFreq());
-        setValue(m_control.lastFrequency());
+        m_frequency.showLast();
         onWorkStatus(0);
         return;
     }
@@ -448,7 +346,7 @@ void TunerPlayer::onWorkStatus(int state)
         m_search.show(reported);
     if (reported == WorkStatus::Idle) {
         m_search.stop();
-        setValue(m_control.lastFrequency());
+        m_frequency.showLast();
         showRdsUnit();
     }
     if (afTaTpSupported() && prefs()->isFM() && isPtySearch(reported)) {

@@ -3,10 +3,10 @@
 #include "autostore.h"
 #include "bandswitch.h"
 #include "displayline.h"
-#include "frequencydial.h"
 #include "interruptbanner.h"
 #include "interrupts.h"
 #include "manualkeys.h"
+#include "presetlabels.h"
 #include "presetpages.h"
 #include "presettouch.h"
 #include "radiocontrol.h"
@@ -14,6 +14,7 @@
 #include "rdsswitches.h"
 #include "remotekeys.h"
 #include "searchstatus.h"
+#include "tunedfrequency.h"
 
 #include <QPoint>
 #include <QScroller>
@@ -34,8 +35,8 @@ class ShownStation;
 // The tuner's main screen, and the face its window and the form's signals
 // see. The work is its collaborators':
 // - RadioControl: the radio commands and what the screen remembers of them;
-// - FrequencyDial, DisplayLine, RdsStation, SearchStatus: what the display line shows;
-// - PresetPages, PresetTouch: the preset pages and touches on them;
+// - TunedFrequency, DisplayLine, RdsStation, SearchStatus: what the display line shows;
+// - PresetPages, PresetLabels, PresetTouch: the preset pages, what they show, touches on them;
 // - ManualKeys, BandSwitch, RemoteKeys: the step keys, the bands, the remote's keys;
 // - AutoStore: the automatic store;
 // - InterruptBanner: the traffic-announcement and alarm popup.
@@ -55,29 +56,29 @@ public:
     // Frequency model.
     void setStep(int step);
     void recalc(); // interface for the host's code: nothing here calls it
-    void setRange(int low, int high) { m_dial.setRange(low, high); }
+    void setRange(int low, int high) { m_frequency.setRange(low, high); }
     void setValue(int value);
-    QString normalValue(int value) const { return m_dial.text(value); }
-    int freqValue() const { return m_dial.value(); }
+    QString normalValue(int value) const { return m_frequency.text(value); }
+    int freqValue() const { return m_frequency.value(); }
     static int freqNormalize(int freq, int low, int high, int step)
     {
         return FrequencyDial::normalize(freq, low, high, step);
     }
     bool isValidFreq(); // interface for the host's code: nothing here calls it
-    void manualPlus();
-    void manualMinus();
+    void manualPlus() { m_manual.step(true); }
+    void manualMinus() { m_manual.step(false); }
     void updateBandInfo();
     // Texts fetched again after the host switched languages.
     void retranslate();
-    void updateLabelFreq();
+    void updateLabelFreq() { m_labels.relabel(); }
 
     // Presets and pages.
-    void setLabelValue(const int *values, int count);
-    void updateRdsName();
-    void checkedId(int id);
-    void highPreset();
-    void clearCurFreqId();
-    void clearFreqId();
+    void setLabelValue(const int *values, int count) { m_labels.showValues(values, count); }
+    void updateRdsName() { m_labels.showNames(); }
+    void checkedId(int id) { m_labels.light(id); }
+    void highPreset() { m_labels.lightPlaying(); }
+    void clearCurFreqId() { m_labels.unlightBand(); }
+    void clearFreqId() { m_labels.unlightFamily(); }
     void scrollToPage(int band);
     void saveFavorite(int id, int freq);
     void setPresetTaAf(int id) { applyPresetTaAf(m_control.radio(), id); }
@@ -85,7 +86,7 @@ public:
     void BTMafterHLightFreq() { m_autoStore.lightChosenPreset(); }
     void initband() { m_bands.showStoredBand(); }
     // A seek from the keys: false when it only stopped a search.
-    bool startSeek(bool up);
+    bool startSeek(bool up) { return m_keys.startSeek(up); }
 
     // RDS and interrupts.
     void showRdsUnit();
@@ -168,15 +169,15 @@ private:
     // Shows the service's band, programme type and work state with the last frequency.
     void showServiceState();
     void seek(bool up);
-    void unlightPlayingPreset();
 
     Ui::c20_003_tuner *ui;
     ShownStation *m_shown;
     RadioControl m_control;
     InterruptBookkeeping m_interrupts;
-    FrequencyDial m_dial;
     DisplayLine m_line;
+    TunedFrequency m_frequency;
     PresetPages m_pages;
+    PresetLabels m_labels;
     RdsStation m_rds;
     InterruptBanner m_banner;
     BandSwitch m_bands;

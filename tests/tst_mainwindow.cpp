@@ -286,39 +286,6 @@ private slots:
         QCOMPARE(m_state->radioConfValue("Tune/CurrBand").toInt(), 1);
     }
 
-    void bandKeys_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<bool>("stack");
-        QTest::addColumn<int>("band");
-        QTest::addColumn<int>("newBand");
-        QTest::addColumn<QStringList>("radio");
-
-        // With screens the player's band cycle runs on from the band set here.
-        QTest::newRow("184 without screens goes to AM1") << 184 << false << 0 << 3 << QStringList{"setband(3)"};
-        QTest::newRow("184 on FM goes to AM1 by way of FM3") << 184 << true << 0 << 3 << QStringList{"setband(3)"};
-        QTest::newRow("184 on AM2 goes to AM1") << 184 << true << 4 << 3 << QStringList{"setband(3)"};
-        QTest::newRow("185 without screens goes to FM1") << 185 << false << 4 << 0 << QStringList{"setband(0)"};
-        QTest::newRow("185 on FM3 goes to FM1") << 185 << true << 2 << 0 << QStringList{"setband(0)"};
-        QTest::newRow("185 on AM goes to FM1 by way of AM2") << 185 << true << 3 << 0 << QStringList{"setband(0)"};
-    }
-
-    void bandKeys()
-    {
-        QFETCH(int, key);
-        QFETCH(bool, stack);
-        QFETCH(int, band);
-        QFETCH(int, newBand);
-        QFETCH(QStringList, radio);
-
-        auto window = makeWindow(stack);
-        prefs()->setBand(Band(band));
-        KeyEvent event(Qx::KeyShortReleased, key);
-        QCOMPARE(window->sourceKeyEvent(&event), false);
-        QCOMPARE(int(prefs()->band()), newBand);
-        QCOMPARE(radioCalls().filter(QStringLiteral("setband")).mid(0, 1), radio);
-    }
-
     void presetKeyRepeatsEverySecondUntilReleased_data()
     {
         QTest::addColumn<int>("key");

@@ -28,14 +28,21 @@ private slots:
         m_state.reset();
     }
 
-    // The band's edges are the dial's; here the screen's part: tune, beep, and
-    // a key that waits for the service to confirm before it takes touches again.
+    // The band's edges are the dial's; here the screen's part: tune, beep, the
+    // lit preset put out, and a key that waits for the service to confirm
+    // before it takes touches again.
     void manualStepTunesAndWaitsForTheService()
     {
         makePlayer();
         m_player->setValue(10800);
+        m_player->checkedId(2);
+        prefs()->setPresetIndex(2);
+        forgetCalls();
         m_player->onManualPlusClicked();
         QCOMPARE(m_player->freqValue(), 8750);
+        QCOMPARE(litPresets(), 0);
+        QCOMPARE(prefs()->playFreqId(), kNoPreset);
+        QCOMPARE(prefs()->presetIndex(), 0);
         QCOMPARE(radioCalls(), QStringList{"tune(8750)"});
         QCOMPARE(mcuCalls(), QStringList{"triggerBeep(0)"});
         QWidget *key = button("Key_0028_manual_plus");
@@ -44,6 +51,10 @@ private slots:
         QVERIFY(!key->testAttribute(Qt::WA_TransparentForMouseEvents));
         m_player->onManualMinusClicked();
         QCOMPARE(m_player->freqValue(), 10800);
+        // The host asks for the reading of the family it switched to.
+        prefs()->setBand(BAND_AM1);
+        m_player->recalc();
+        QCOMPARE(m_player->normalValue(999), QStringLiteral("999"));
     }
 
     void manualHoldRepeatsAndTunesOnRelease()

@@ -462,11 +462,13 @@ private slots:
         makePlayer();
         prefs()->setPresetIndex(2); // as a recall of preset 3 leaves it
         m_player->checkedId(2);
+        prefs()->clearFreqId(BAND_FM3, 4); // the family's last band remembers a preset too
         QVERIFY(button("Key_0032_p3")->isChecked());
         m_player->onAutoScan();
         QCOMPARE(radioCalls(), QStringList{"autoScan()"});
         QCOMPARE(litPresets(), 0); // the whole family is unlit while it runs
         QCOMPARE(prefs()->bandData(BAND_FM1).currFreqId, kNoPreset);
+        QCOMPARE(prefs()->bandData(BAND_FM3).currFreqId, kNoPreset);
 
         // The service stored stations from preset 3 on.
         m_player->onWorkStatus(1);

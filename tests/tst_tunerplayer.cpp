@@ -77,56 +77,55 @@ private slots:
         QCOMPARE(label("Txt_0035_rds_freq")->text(), m_player->normalValue(tuned));
     }
 
-    void seekKeys_data()
+    // Touches that seek or step: the seek keys, tapped, and swipes over the
+    // screen (sideways more than 100 px seek, up and down step the presets;
+    // a swipe starting below y 310 is the preset pages').
+    void touchSeeks_data()
     {
-        QTest::addColumn<bool>("up");
+        QTest::addColumn<QString>("touch"); // "+", "-": a seek key; else "x,y x,y": a swipe
         QTest::addColumn<int>("workStatus");
         QTest::addColumn<QStringList>("radio");
-        QTest::newRow("seek up, idle") << true << 0 << QStringList{"seekForward()"};
-        QTest::newRow("seek down, idle") << false << 0 << QStringList{"seekBackward()"};
-        QTest::newRow("seek while seeking only stops") << true << 2 << QStringList{"terminate()", "tune(8750)"};
-        QTest::newRow("seek during PTY search only stops") << false << 5 << QStringList{"terminate()", "tune(8750)"};
-        QTest::newRow("seek during automatic store does nothing") << true << 1 << QStringList();
+        const QStringList up{"setPreset(0)", "setTa(false)", "setAf(true)"};
+        const QStringList stop{"terminate()", "tune(8750)"};
+        // clang-format off
+        QTest::newRow("seek up, idle") << "+" << 0 << QStringList{"seekForward()"};
+        QTest::newRow("seek down, idle") << "-" << 0 << QStringList{"seekBackward()"};
+        QTest::newRow("seek while seeking only stops") << "+" << 2 << stop;
+        QTest::newRow("seek during PTY search only stops") << "-" << 5 << stop;
+        QTest::newRow("seek during automatic store does nothing") << "+" << 1 << QStringList();
+        QTest::newRow("right 101 px seeks up") << "300,120 401,120" << 0 << QStringList{"seekForward()"};
+        QTest::newRow("right 100 px does nothing") << "300,120 400,120" << 0 << QStringList();
+        QTest::newRow("left 101 px seeks down") << "500,120 399,150" << 0 << QStringList{"seekBackward()"};
+        QTest::newRow("swipe while seeking only stops") << "300,120 401,120" << 3 << stop;
+        QTest::newRow("up steps to the next preset") << "400,250 410,140" << 0 << up;
+        QTest::newRow("down steps to the previous preset") << "400,100 390,210" << 0 << up;
+        QTest::newRow("start at y 311 is ignored") << "300,311 500,311" << 0 << QStringList();
+        QTest::newRow("start at y 310 counts") << "300,310 500,305" << 0 << QStringList{"seekForward()"};
+        // clang-format on
     }
 
-    void seekKeys()
+    void touchSeeks()
     {
-        QFETCH(bool, up);
+        QFETCH(QString, touch);
         QFETCH(int, workStatus);
         QFETCH(QStringList, radio);
         makePlayer();
         m_player->onWorkStatus(workStatus);
-        tapAt(button(up ? "Key_0029_seek_plus" : "Key_0026_seek_minus"));
+        forgetCalls();
+        const QStringList points = touch.split(QLatin1Char(' '));
+        if (points.size() == 1) {
+            tapAt(button(touch == QLatin1String("+") ? "Key_0029_seek_plus" : "Key_0026_seek_minus"));
+        } else {
+            const auto at = [&](int i) {
+                return QPoint(points[i].section(',', 0, 0).toInt(), points[i].section(',', 1).toInt());
+            };
+            QTest::mousePress(m_player.get(), Qt::LeftButton, {}, at(0));
+            QTest::mouseRelease(m_player.get(), Qt::LeftButton, {}, at(1));
+        }
         QCOMPARE(radioCalls(), radio);
-        QCOMPARE(mcuCalls(), QStringList{"triggerBeep(0)"}); // a beep before any test
-    }
-
-    void swipes_data()
-    {
-        QTest::addColumn<QPoint>("from");
-        QTest::addColumn<QPoint>("to");
-        QTest::addColumn<QStringList>("radio");
-        const QStringList up{"setPreset(0)", "setTa(false)", "setAf(true)"};
-        // clang-format off
-        QTest::newRow("right 101 px seeks up") << QPoint(300, 120) << QPoint(401, 120) << QStringList{"seekForward()"};
-        QTest::newRow("right 100 px does nothing") << QPoint(300, 120) << QPoint(400, 120) << QStringList();
-        QTest::newRow("left 101 px seeks down") << QPoint(500, 120) << QPoint(399, 150) << QStringList{"seekBackward()"};
-        QTest::newRow("up steps to the next preset") << QPoint(400, 250) << QPoint(410, 140) << up;
-        QTest::newRow("down steps to the previous preset") << QPoint(400, 100) << QPoint(390, 210) << up;
-        QTest::newRow("start at y 311 is ignored") << QPoint(300, 311) << QPoint(500, 311) << QStringList();
-        QTest::newRow("start at y 310 counts") << QPoint(300, 310) << QPoint(500, 305) << QStringList{"seekForward()"};
-        // clang-format on
-    }
-
-    void swipes()
-    {
-        QFETCH(QPoint, from);
-        QFETCH(QPoint, to);
-        QFETCH(QStringList, radio);
-        makePlayer();
-        QTest::mousePress(m_player.get(), Qt::LeftButton, {}, from);
-        QTest::mouseRelease(m_player.get(), Qt::LeftButton, {}, to);
-        QCOMPARE(radioCalls(), radio);
+        // A beep before any test, but for a swipe that did nothing.
+        const bool still = radio.isEmpty() && points.size() > 1;
+        QCOMPARE(mcuCalls(), still ? QStringList() : QStringList{"triggerBeep(0)"});
     }
 
     // The band key turns to the other family's last band, and is then

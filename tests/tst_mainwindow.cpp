@@ -1,6 +1,6 @@
 // The main window against recording fakes of the three services: the
-// start-up reads, the hardware keys, the traffic/alarm interrupt bookkeeping,
-// audio focus, window destruction and the radio's reports.
+// start-up reads, the hardware keys, window destruction and the radio's
+// reports. Its interrupt bookkeeping is tried with the popup's.
 
 #include "audiomanager.h"
 #include "basewindow.h"
@@ -23,24 +23,6 @@
 using namespace tuner;
 
 namespace {
-
-// "interrupt=N" and the names of the interrupt flags that are set.
-QString interruptFlags()
-{
-    const Preferences *p = prefs();
-    QStringList set;
-    if (p->taOrAlarm() != INTERRUPT_NONE)
-        set << QStringLiteral("interrupt=%1").arg(int(p->taOrAlarm()));
-    const std::pair<bool, const char *> flags[] = {{p->taStatus(), "ta"},
-                                                   {p->alarmStatue(), "alarm"},
-                                                   {p->cancelTa(), "cancelTa"},
-                                                   {p->cancelAlarm(), "cancelAlarm"}};
-    for (const auto &[on, name] : flags) {
-        if (on)
-            set << QLatin1String(name);
-    }
-    return set.join(QLatin1Char(' '));
-}
 
 // Inode and modification time: a rewrite changes both.
 std::pair<ino_t, qint64> fileIdentity(const QString &path)
@@ -310,95 +292,6 @@ private slots:
         const int after = prefs()->playFreqId();
         QTest::qWait(1200); // one repeat period: nothing more may happen
         QCOMPARE(prefs()->playFreqId(), after);
-    }
-
-    void interruptBookkeeping_data()
-    {
-        // Space-separated: the steps, the MCU calls in short, the radio calls
-        // (terminate, tune and taAlarmCancel only), what the host received,
-        // and the interrupt flags that are set.
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QString>("mcu");
-        QTest::addColumn<QString>("radio");
-        QTest::addColumn<QString>("host");
-        QTest::addColumn<QString>("state");
-
-        // clang-format off
-        QTest::newRow("announcement starts and ends") << "start tp3 tp4" << "ch on off" << "" << "" << "";
-        QTest::newRow("announcement while inactive is noted, shown at start")
-            << "tp3 start" << "ch on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("announcement ends while inactive") << "tp3 tp4 start" << "ch" << "" << "" << "";
-        QTest::newRow("alarm over a live announcement, which comes back")
-            << "start tp3 tp5 tp6" << "ch on on off on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("announcement during an alarm waits for its end")
-            << "start tp5 tp3 tp6" << "ch on off on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("announcement ends during an alarm: it does not come back")
-            << "start tp3 tp5 tp4 tp6" << "ch on on off" << "" << "" << "";
-        QTest::newRow("alarm ends during an announcement that came after it")
-            << "start tp5 tp3 tp6 tp4" << "ch on off on off" << "" << "" << "";
-        QTest::newRow("a seek ends the announcement's status: its end switches nothing")
-            << "start tp3 seek tp4" << "ch on" << "" << "" << "";
-        QTest::newRow("alarm while inactive, shown at start") << "tp5 start" << "ch on" << "" << "" << "interrupt=1 alarm";
-        QTest::newRow("cancel key during an announcement")
-            << "start tp3 key66" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";
-        QTest::newRow("cancel key during an alarm")
-            << "start tp5 key114" << "ch on beep off" << "" << "1008:5" << "interrupt=1 alarm cancelAlarm";
-        QTest::newRow("cancel key on an alarm over a live announcement brings it back")
-            << "start tp3 tp5 key163" << "ch on on beep off on" << "" << "" << "interrupt=2 ta alarm cancelAlarm";
-        QTest::newRow("cancel key without an interrupt") << "start key176" << "ch off" << "" << "" << "";
-        QTest::newRow("source 6 lifts the announcement's cancel")
-            << "start tp3 key66 src6" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta";
-        QTest::newRow("focus lost during an announcement")
-            << "start tp3 focus-1" << "ch on off" << "terminate() taAlarmCancel(1)" << "" << "interrupt=2 ta";
-        QTest::newRow("announcement ends after focus was lost")
-            << "start tp3 focus-1 tp4" << "ch on off off" << "terminate() taAlarmCancel(1)" << "" << "";
-        QTest::newRow("alarm ends after focus was lost")
-            << "start tp5 focus-1 tp6" << "ch on off off" << "terminate()" << "" << "";
-        QTest::newRow("focus lost while seeking retunes") << "start seek focus-2" << "ch" << "terminate() tune(8750)" << "" << "";
-        QTest::newRow("other focus changes are ignored") << "start tp3 focus-3 focus1" << "ch on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("after focus loss an announcement is only noted")
-            << "start focus-1 tp3" << "ch" << "terminate()" << "" << "interrupt=2";
-        QTest::newRow("refused focus starts nothing") << "tp3 refused start" << "" << "" << "" << "interrupt=2";
-        QTest::newRow("showing the window starts it") << "tp3 refused start granted show" << "ch on" << "" << "" << "interrupt=2 ta";
-        // clang-format on
-    }
-
-    void interruptBookkeeping()
-    {
-        QFETCH(QString, steps);
-        QFETCH(QString, mcu);
-        QFETCH(QString, radio);
-        QFETCH(QString, host);
-        QFETCH(QString, state);
-
-        auto window = makeWindow();
-        for (const QString &step : steps.split(QLatin1Char(' '))) {
-            if (step == QLatin1String("start")) {
-                window->start();
-            } else if (step.startsWith(QLatin1String("tp"))) {
-                window->onPiTpStatus(step.mid(2).toInt());
-            } else if (step.startsWith(QLatin1String("key"))) {
-                KeyEvent event(Qx::KeyShortReleased, step.mid(3).toInt());
-                QVERIFY(window->sourceKeyEvent(&event));
-            } else if (step.startsWith(QLatin1String("focus"))) {
-                window->onAudioFocusChange(step.mid(5).toInt());
-            } else if (step == QLatin1String("src6")) {
-                window->onSourceChange(0, 6);
-            } else if (step == QLatin1String("seek")) {
-                window->onWorkStatus(2);
-            } else if (step == QLatin1String("refused") || step == QLatin1String("granted")) {
-                AudioManager::instance()->setFocusResult(step == QLatin1String("refused") ? AudioManager::FocusRefused
-                                                                                          : AudioManager::FocusGranted);
-            } else if (step == QLatin1String("show")) {
-                window->onShow();
-            }
-        }
-        QCOMPARE(mcuInShort(), mcu);
-        const QRegularExpression interruptCall(QStringLiteral("^(terminate|tune|taAlarmCancel)\\("));
-        QCOMPARE(radioCalls().filter(interruptCall).join(QLatin1Char(' ')), radio);
-        QCoreApplication::processEvents(); // posted host events
-        QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
-        QCOMPARE(interruptFlags(), state);
     }
 
     void destroyStopsASearchFromTheSearchWindows_data()

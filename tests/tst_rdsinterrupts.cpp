@@ -1,7 +1,8 @@
 // The RDS display of the tuner screen (names per display mode and band,
-// preset naming, icons, PTY) and the traffic/alarm interrupts end to end
-// through the main window, the screen stack, the player and its popup.
+// preset naming, icons, PTY) and the traffic/alarm interrupts through the
+// main window, its audio focus and source keys, with or without its screens.
 
+#include "audiomanager.h"
 #include "basewindow.h"
 #include "hostevents.h"
 #include "hostrecorder.h"
@@ -10,6 +11,7 @@
 #include "mainwindow.h"
 #include "radioedge.h"
 #include "tunerfixture.h"
+#include "tuneroptions.h"
 #include "tunerplayer.h"
 
 #include <QAbstractButton>
@@ -18,6 +20,28 @@
 #include <QtTest>
 
 using namespace tuner;
+
+namespace {
+
+// "interrupt=N" and the names of the interrupt flags that are set.
+QString interruptFlags()
+{
+    const Preferences *p = prefs();
+    QStringList set;
+    if (p->taOrAlarm() != INTERRUPT_NONE)
+        set << QStringLiteral("interrupt=%1").arg(int(p->taOrAlarm()));
+    const std::pair<bool, const char *> flags[] = {{p->taStatus(), "ta"},
+                                                   {p->alarmStatue(), "alarm"},
+                                                   {p->cancelTa(), "cancelTa"},
+                                                   {p->cancelAlarm(), "cancelAlarm"}};
+    for (const auto &[on, name] : flags) {
+        if (on)
+            set << QLatin1String(name);
+    }
+    return set.join(QLatin1Char(' '));
+}
+
+} // namespace
 
 class tst_RdsInterrupts : public QObject, private TunerFixture
 {
@@ -28,6 +52,7 @@ private slots:
 
     void cleanup()
     {
+        AudioManager::instance()->setFocusResult(AudioManager::FocusGranted);
         m_window.reset();
         m_state.reset();
         m_host.events.clear();
@@ -199,49 +224,91 @@ private slots:
         QCOMPARE(prefs()->presetIndex(), ptySearch ? 0 : 3); // the search leaves the presets
     }
 
+    // The traffic/alarm interrupts through the main window, with its screens
+    // up (the popup) or not built yet (the bookkeeping alone). Steps: start
+    // (audio focus asked), tpN (the radio's report), tap (the popup's
+    // Cancel), keyN (a source key), focusN, src6 (the announcement source),
+    // seek (work status 2), refused and granted (the focus answer to come),
+    // show, hide (the popup), touch (on the popup), am, nosupport.
     void interrupts_data()
     {
+        QTest::addColumn<bool>("screens");
         QTest::addColumn<QString>("steps");
-        QTest::addColumn<QString>("popup"); // text, or "" for none
+        QTest::addColumn<QString>("popup"); // its text, "" for none
         QTest::addColumn<QString>("mcu");   // in short
-        QTest::addColumn<int>("cancels");   // taAlarmCancel(1) calls; no seek, no tune
+        QTest::addColumn<QString>("radio"); // terminate, tune, seek and taAlarmCancel calls
         QTest::addColumn<QString>("host");
+        QTest::addColumn<QString>("flags"); // "interrupt=N" and the interrupt flags set
 
         // clang-format off
-        QTest::newRow("an announcement raises the popup") << "tp3" << "Traffic" << "ch on" << 0 << "";
-        QTest::newRow("its end closes it") << "tp3 tp4" << "" << "ch on off off" << 0 << "";
-        QTest::newRow("an alarm raises the popup") << "tp5" << "Alarm" << "ch on" << 0 << "";
-        QTest::newRow("an announcement during an alarm waits for its end") << "tp5 tp3" << "Alarm" << "ch on" << 0 << "";
-        QTest::newRow("... and comes when the alarm ends") << "tp5 tp3 tp6" << "Traffic" << "ch on off off on" << 0 << "";
-        QTest::newRow("Cancel on the announcement") << "tp3 tap" << "" << "ch on beep off" << 1 << "1008:5";
-        QTest::newRow("Cancel on an alarm") << "tp5 tap" << "" << "ch on beep off" << 0 << "1008:5";
+        QTest::newRow("an announcement raises the popup") << true << "start tp3" << "Traffic" << "ch on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("its end closes it") << true << "start tp3 tp4" << "" << "ch on off off" << "" << "" << "";
+        QTest::newRow("an alarm raises the popup") << true << "start tp5" << "Alarm" << "ch on" << "" << "" << "interrupt=1 alarm";
+        QTest::newRow("an announcement during an alarm waits for its end") << true << "start tp5 tp3" << "Alarm" << "ch on" << "" << "" << "interrupt=1 ta alarm";
+        QTest::newRow("... and comes when the alarm ends") << true << "start tp5 tp3 tp6" << "Traffic" << "ch on off off on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("Cancel on the announcement") << true << "start tp3 tap" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";
+        QTest::newRow("a cancelled announcement ends, an alarm comes and goes: nothing is left")
+            << true << "start tp3 tap tp4 tp5 tp6" << "" << "ch on beep off off on off off" << "taAlarmCancel(1)" << "1008:5" << "";
+        QTest::newRow("Cancel on an alarm") << true << "start tp5 tap" << "" << "ch on beep off" << "" << "1008:5" << "interrupt=1 alarm cancelAlarm";
         QTest::newRow("Cancel on an alarm over an announcement brings it back")
-            << "tp3 tp5 tap" << "Traffic" << "ch on on beep off on" << 0 << "";
-        QTest::newRow("cancel key on the announcement") << "tp3 key66" << "" << "ch on beep off" << 2 << "1008:5";
-        QTest::newRow("touches on the popup stay there, even over the seek key") << "tp3 touch" << "Traffic" << "ch on" << 0 << "";
-        QTest::newRow("a hidden popup ignores Cancel") << "tp5 hide tap" << "Alarm" << "ch on" << 0 << "";
-        QTest::newRow("no popup on AM") << "am tp3" << "" << "ch" << 0 << "";
-        QTest::newRow("no popup without AF/TA/TP support") << "nosupport tp3" << "" << "ch" << 0 << "";
+            << true << "start tp3 tp5 tap" << "Traffic" << "ch on on beep off on" << "" << "" << "interrupt=2 ta alarm cancelAlarm";
+        QTest::newRow("cancel key on the announcement") << true << "start tp3 key66" << "" << "ch on beep off" << "taAlarmCancel(1) taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";
+        QTest::newRow("touches on the popup stay there, even over the seek key") << true << "start tp3 touch" << "Traffic" << "ch on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("a hidden popup ignores Cancel") << true << "start tp5 hide tap" << "Alarm" << "ch on" << "" << "" << "interrupt=1 alarm";
+        QTest::newRow("no popup on AM") << true << "am start tp3" << "" << "ch" << "" << "" << "interrupt=2";
+        QTest::newRow("no popup without AF/TA/TP support") << true << "nosupport start tp3" << "" << "ch" << "" << "" << "interrupt=2";
+        QTest::newRow("announcement starts and ends") << false << "start tp3 tp4" << "" << "ch on off" << "" << "" << "";
+        QTest::newRow("announcement while inactive is noted, shown at start") << false << "tp3 start" << "" << "ch on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("announcement ends while inactive") << false << "tp3 tp4 start" << "" << "ch" << "" << "" << "";
+        QTest::newRow("alarm over a live announcement, which comes back") << false << "start tp3 tp5 tp6" << "" << "ch on on off on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("announcement during an alarm waits for its end") << false << "start tp5 tp3 tp6" << "" << "ch on off on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("announcement ends during an alarm: it does not come back") << false << "start tp3 tp5 tp4 tp6" << "" << "ch on on off" << "" << "" << "";
+        QTest::newRow("alarm ends during an announcement that came after it") << false << "start tp5 tp3 tp6 tp4" << "" << "ch on off on off" << "" << "" << "";
+        QTest::newRow("a seek ends the announcement's status: its end switches nothing") << false << "start tp3 seek tp4" << "" << "ch on" << "" << "" << "";
+        QTest::newRow("alarm while inactive, shown at start") << false << "tp5 start" << "" << "ch on" << "" << "" << "interrupt=1 alarm";
+        QTest::newRow("cancel key during an announcement")
+            << false << "start tp3 key66" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";
+        QTest::newRow("cancel key during an alarm") << false << "start tp5 key114" << "" << "ch on beep off" << "" << "1008:5" << "interrupt=1 alarm cancelAlarm";
+        QTest::newRow("cancel key on an alarm over a live announcement brings it back")
+            << false << "start tp3 tp5 key163" << "" << "ch on on beep off on" << "" << "" << "interrupt=2 ta alarm cancelAlarm";
+        QTest::newRow("cancel key without an interrupt") << false << "start key176" << "" << "ch off" << "" << "" << "";
+        QTest::newRow("source 6 lifts the announcement's cancel")
+            << false << "start tp3 key66 src6" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta";
+        QTest::newRow("focus lost during an announcement")
+            << false << "start tp3 focus-1" << "" << "ch on off" << "terminate() taAlarmCancel(1)" << "" << "interrupt=2 ta";
+        QTest::newRow("announcement ends after focus was lost")
+            << false << "start tp3 focus-1 tp4" << "" << "ch on off off" << "terminate() taAlarmCancel(1)" << "" << "";
+        QTest::newRow("alarm ends after focus was lost") << false << "start tp5 focus-1 tp6" << "" << "ch on off off" << "terminate()" << "" << "";
+        QTest::newRow("focus lost while seeking retunes") << false << "start seek focus-2" << "" << "ch" << "terminate() tune(8750)" << "" << "";
+        QTest::newRow("other focus changes are ignored") << false << "start tp3 focus-3 focus1" << "" << "ch on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("after focus loss an announcement is only noted") << false << "start focus-1 tp3" << "" << "ch" << "terminate()" << "" << "interrupt=2";
+        QTest::newRow("refused focus starts nothing") << false << "tp3 refused start" << "" << "" << "" << "" << "interrupt=2";
+        QTest::newRow("showing the window starts it") << false << "tp3 refused start granted show" << "" << "ch on" << "" << "" << "interrupt=2 ta";
         // clang-format on
     }
 
     void interrupts()
     {
+        QFETCH(bool, screens);
         QFETCH(QString, steps);
         QFETCH(QString, popup);
         QFETCH(QString, mcu);
-        QFETCH(int, cancels);
+        QFETCH(QString, radio);
         QFETCH(QString, host);
+        QFETCH(QString, flags);
 
         const QStringList stepList = steps.split(QLatin1Char(' '));
-        makeWindow(stepList.contains(QStringLiteral("nosupport")) ? QStringLiteral("RdsAfTaTpSupport=0") : QString());
         const bool am = stepList.contains(QStringLiteral("am"));
+        makeWindow(stepList.contains(QStringLiteral("nosupport")) ? QStringLiteral("RdsAfTaTpSupport=0") : QString(),
+                   screens);
         if (am)
             prefs()->setBand(BAND_AM1);
-        player()->onFrequencyChanged(am ? 999 : 9810, int(prefs()->band()));
-        m_window->start();
+        if (screens)
+            player()->onFrequencyChanged(am ? 999 : 9810, int(prefs()->band()));
         for (const QString &step : stepList) {
-            if (step.startsWith(QLatin1String("tp"))) {
+            if (step == QLatin1String("start")) {
+                m_window->start();
+            } else if (step.startsWith(QLatin1String("tp"))) {
                 m_window->onPiTpStatus(step.mid(2).toInt());
             } else if (step == QLatin1String("tap")) {
                 QVERIFY(player()->interruptPopup());
@@ -260,18 +327,32 @@ private slots:
             } else if (step.startsWith(QLatin1String("key"))) {
                 KeyEvent key(Qx::KeyShortReleased, step.mid(3).toInt());
                 QVERIFY(m_window->sourceKeyEvent(&key));
+            } else if (step.startsWith(QLatin1String("focus"))) {
+                m_window->onAudioFocusChange(step.mid(5).toInt());
+            } else if (step == QLatin1String("src6")) {
+                m_window->onSourceChange(0, 6);
+            } else if (step == QLatin1String("seek")) {
+                m_window->onWorkStatus(2);
+            } else if (step == QLatin1String("refused") || step == QLatin1String("granted")) {
+                AudioManager::instance()->setFocusResult(step == QLatin1String("refused") ? AudioManager::FocusRefused
+                                                                                          : AudioManager::FocusGranted);
+            } else if (step == QLatin1String("show")) {
+                m_window->onShow();
             }
         }
         QCoreApplication::processEvents(); // deferred deletes and posted host events
+        QCOMPARE(mcuInShort(), mcu);
+        const QRegularExpression interruptCall(QStringLiteral("^(terminate|tune|seek\\w*|taAlarmCancel)\\("));
+        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter(interruptCall).join(QLatin1Char(' ')), radio);
+        QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
+        QCOMPARE(interruptFlags(), flags);
+        if (!screens)
+            return;
         c35_011_interrupt_on_tuner *shown = player()->interruptPopup();
         QCOMPARE(shown ? shown->taAlarmText() : QString(), popup);
         if (shown)
             QCOMPARE(shown->isVisible(), !stepList.contains(QStringLiteral("hide")));
         QCOMPARE(player()->interruptState(), popup.isEmpty() ? 0 : popup == QLatin1String("Alarm") ? 5 : 3);
-        QCOMPARE(mcuInShort(), mcu);
-        QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter(QRegularExpression("taAlarmCancel|seek|tune")).size(),
-                 cancels);
-        QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
         // Whichever page the interrupt left up shows the tuned frequency, not the form's placeholder.
         QWidget *page = player()->findChild<QStackedWidget *>("stackedWidget_tuner")->currentWidget();
         const auto labels = page->findChildren<QLabel *>(QRegularExpression("^Txt_00(19|35)_rds_freq$"));
@@ -280,10 +361,14 @@ private slots:
     }
 
 private:
-    void makeWindow(const QString &vehicleKeys = QString())
+    void makeWindow(const QString &vehicleKeys = QString(), bool screens = true)
     {
         newState(vehicleKeys);
         m_window = std::make_unique<MainWindow>();
+        if (!screens) {
+            forgetCalls();
+            return;
+        }
         m_window->onCreate();
         m_window->screenStack()->resize(800, 480);
         m_window->screenStack()->show();

@@ -406,8 +406,6 @@ private slots:
         QCOMPARE(m_player->normalValue(m_player->freqValue()), shown);
     }
 
-    // A preset touched while the store runs is only remembered: at the end
-    // it is lit if it holds what plays; untouched, the first stored one is.
     // At start-up the screen takes the playing frequency before it turns to
     // the family's last band, and shows that frequency for the band the
     // service reports.
@@ -445,6 +443,8 @@ private slots:
         QCOMPARE(p->playFreq(), freq);
     }
 
+    // A preset touched while the store runs is only remembered: at the end
+    // it is lit if it holds what plays; untouched, the first stored one is.
     void automaticStoreStartAndEnd_data()
     {
         QTest::addColumn<int>("touched"); // -1: none

@@ -166,32 +166,6 @@ private slots:
         QCOMPARE(prefs()->rdsName(BAND_FM1, 1), QStringLiteral("CD"));
     }
 
-    void unconfirmedManualStepReleasesItsKey_data()
-    {
-        QTest::addColumn<QString>("service");
-        QTest::newRow("service absent") << "absent";
-        QTest::newRow("service reports 0") << "zero";
-    }
-
-    void unconfirmedManualStepReleasesItsKey()
-    {
-        QFETCH(QString, service);
-        makeWindow();
-        QWidget *plus = player()->findChild<QWidget *>(QStringLiteral("Key_0028_manual_plus"));
-        if (service == QLatin1String("absent"))
-            m_fakes->stop();
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("not confirmed within 3000 ms"));
-        if (service == QLatin1String("zero"))
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(" -- 0 is invaild freq\\.$"));
-        player()->onManualPlusClicked();
-        QVERIFY(plus->testAttribute(Qt::WA_TransparentForMouseEvents));
-        if (service == QLatin1String("zero"))
-            fromService([](NiloRadioServiceBackend *radio) { emit radio->stationChanged(0, 1); });
-        QTest::qWait(2500);
-        QVERIFY(plus->testAttribute(Qt::WA_TransparentForMouseEvents)); // not before its time
-        QTRY_VERIFY_WITH_TIMEOUT(!plus->testAttribute(Qt::WA_TransparentForMouseEvents), 2000);
-    }
-
     void badValuesAreCheckedOnceAtTheEdge_data()
     {
         using Emit = RadioReport;

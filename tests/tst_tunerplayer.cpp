@@ -346,6 +346,8 @@ private slots:
         QTest::addColumn<int>("periodMs");
         QTest::newRow("a seek's end is shown after the settle delay") << "settle" << 350;
         QTest::newRow("an unconfirmed band switch frees the key") << "band" << 3000;
+        QTest::newRow("a manual step that the service leaves unconfirmed frees its key") << "manual" << 3000;
+        QTest::newRow("... a report of 0 is no confirmation") << "manual 0" << 3000;
     }
 
     void timersRunTheirPeriod()
@@ -362,9 +364,16 @@ private slots:
             TUNER_VERIFY_AFTER_PERIOD(periodMs, page() == QLatin1String("page_tuner_01"));
             return;
         }
-        QWidget *key = button("Key_0020_switch_band");
+        const bool band = timer == QLatin1String("band");
+        QWidget *key = button(band ? "Key_0020_switch_band" : "Key_0028_manual_plus");
+        if (!band)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("not confirmed within 3000 ms"));
         tapAt(key);
         QVERIFY(key->testAttribute(Qt::WA_TransparentForMouseEvents));
+        if (timer == QLatin1String("manual 0")) {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(" -- 0 is invaild freq\\.$"));
+            m_fakes->inServiceThread([&] { emit m_fakes->radio()->stationChanged(0, 0); });
+        }
         TUNER_VERIFY_AFTER_PERIOD(periodMs, !key->testAttribute(Qt::WA_TransparentForMouseEvents));
     }
 

@@ -199,6 +199,10 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QString::number(first / 100.0, 'f', 2),
                                   10000);
         QTRY_VERIFY(widget(QStringLiteral("Key_0030_p1")).value("checked").toBool());
+        // The screen shows a recalled preset before the radio reports it. Once the
+        // radio is there, its report reaches the host before the next tap does:
+        // a late report would show preset 1 again for a moment after preset 3.
+        QTRY_COMPARE_WITH_TIMEOUT(simState().value("frequency").toInt(), first, 5000);
         pointer("tap", preset);
         QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("Txt_0035_rds_freq")), QStringLiteral("89.30"), 10000);
     }
@@ -230,10 +234,6 @@ private slots:
     void optionsAndAPtySearch()
     {
         const auto tap = [this](int x, int y) { pointer("tap", QPoint(x, y)); };
-        const auto simState = [this] {
-            const QDBusReply<QString> state = m_simControl->call(QStringLiteral("state"));
-            return QJsonDocument::fromJson(state.value().toUtf8()).object();
-        };
         const bool taBefore = simState().value("ta").toBool();
 
         const QPoint options = centreOf(QStringLiteral("Key_0025_option_menu"));
@@ -459,6 +459,11 @@ private:
             || !client.waitForFinished(10000))
             return QStringLiteral("(playerctl did not run)");
         return QString::fromUtf8(client.readAll()).trimmed();
+    }
+    QJsonObject simState()
+    {
+        const QDBusReply<QString> state = m_simControl->call(QStringLiteral("state"));
+        return QJsonDocument::fromJson(state.value().toUtf8()).object();
     }
     // Everything the simulator has printed so far (the MCU logs each request).
     const QByteArray &simLog() { return m_simLog += m_sim.readAll(); }

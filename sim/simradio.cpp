@@ -205,6 +205,7 @@ void SimRadio::setWork(int status)
 void SimRadio::setPreset(int value)
 {
     record("setPreset", {value});
+    qInfo().noquote() << "radio: setPreset" << value;
     if (value < 0 || value > 5) {
         qWarning().noquote() << "[WAR] sim --" << value << "is not a preset.";
         return;
@@ -380,6 +381,7 @@ void SimRadio::config(bool isLocal, int rds, int rdsFunc)
 void SimRadio::rdsCtrl(bool ta, bool af, bool regional)
 {
     record("rdsCtrl", {ta, af, regional});
+    qInfo().noquote() << "radio: rdsCtrl" << ta << af << regional;
     m_ta = ta;
     m_af = af;
     m_regional = regional;
@@ -396,6 +398,7 @@ void SimRadio::setAf(bool state)
 void SimRadio::setTa(bool state)
 {
     record("setTa", {state});
+    qInfo().noquote() << "radio: setTa" << state;
     m_ta = state;
     saveState();
 }

@@ -5,11 +5,14 @@
 #include "hostshell.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
+#include <QScrollBar>
+#include <QScroller>
 #include <QStyleHints>
 #include <QTimer>
 #include <QWidget>
@@ -101,7 +104,7 @@ QString HostAutomation::widgets()
             text = button->text();
             checked = button->isChecked();
         }
-        list.append(QJsonObject{
+        QJsonObject entry{
             {QStringLiteral("name"), w->objectName()},
             {QStringLiteral("class"), QString::fromLatin1(w->metaObject()->className())},
             {QStringLiteral("x"), topLeft.x()},
@@ -111,7 +114,18 @@ QString HostAutomation::widgets()
             {QStringLiteral("text"), text},
             {QStringLiteral("checked"), checked},
             {QStringLiteral("enabled"), w->isEnabled()},
-        });
+        };
+        // A list that a finger moved: where it stands, and whether it still moves.
+        if (auto *area = qobject_cast<QAbstractScrollArea *>(w)) {
+            const QScrollBar *bar = area->verticalScrollBar();
+            QWidget *viewport = area->viewport();
+            entry.insert(QStringLiteral("scroll"), bar->value());
+            entry.insert(QStringLiteral("scrollEnd"), bar->maximum());
+            entry.insert(QStringLiteral("moving"),
+                         QScroller::hasScroller(viewport)
+                             && QScroller::scroller(viewport)->state() != QScroller::Inactive);
+        }
+        list.append(entry);
     }
     return QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact));
 }

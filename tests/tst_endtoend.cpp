@@ -254,7 +254,10 @@ private slots:
             pointer("move", QPoint(400, y));
         QTest::qWait(300); // let the finger rest, so the release does not fling
         pointer("release", QPoint(400, 300));
-        QTest::qWait(800);
+        // A tap on a list still gliding only stops it: wait until it rests at its end.
+        const auto list = [this] { return widget(QStringLiteral("Lst_0016_tuner_option_list")); };
+        QTRY_VERIFY(!list().value("moving").toBool());
+        QCOMPARE(list().value("scroll").toInt(), list().value("scrollEnd").toInt());
         tap(400, 436);
         QTRY_COMPARE(text(QStringLiteral("Txt_0090_title")), QStringLiteral("PTY"));
 

@@ -33,8 +33,8 @@ inline qint64 msUntilWithin(const std::function<bool()> &happened, int limitMs)
 } // namespace tuner::test
 
 // Waits for `condition` and pins the period of the timer that brings it, one
-// started before the wait: not before 90 % of `periodMs` (a coarse timer may
-// run 5 % early), and before a timer of 110 % started with the wait (5 % late).
+// started before the wait: not before 90 % of `periodMs`, and before a timer
+// of 110 % started with the wait (a coarse timer may run 5 % early or late).
 #define TUNER_VERIFY_AFTER_PERIOD(periodMs, condition)                                                                 \
     do {                                                                                                               \
         const qint64 tookMs = tuner::test::msUntilWithin([&] { return bool(condition); }, (periodMs)*11 / 10);         \

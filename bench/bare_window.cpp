@@ -3,6 +3,12 @@
 // --minimal, the least of all: one label.
 //
 //   nilo-bench-bare-window [--minimal] FILE
+//
+// Built a second time as nilo-bench-reads-window, the bare window first does
+// what the protocol asks of every tuner before its first frame: it watches the
+// radio service's 18 signals and reads its 25 start-up getters, in the three
+// batches the tuner waits for. No plug-in, form or image: the least any tuner
+// can start in.
 
 #include <QApplication>
 #include <QFont>
@@ -10,6 +16,9 @@
 #include <QTextStream>
 #include <QTimer>
 #include <QWidget>
+#ifdef BARE_WINDOW_READS_THE_RADIO
+#include <QtDBus>
+#endif
 
 static int saveFirstFrame(QApplication &app, QWidget &window, const QString &file)
 {
@@ -23,6 +32,32 @@ static int saveFirstFrame(QApplication &app, QWidget &window, const QString &fil
     return app.exec();
 }
 
+#ifdef BARE_WINDOW_READS_THE_RADIO
+static void readTheRadio(QObject *receiver, const char *slot)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    const QString service = QStringLiteral("com.nilo.mcu");
+    const QString path = QStringLiteral("/RadioService");
+    const QString interface = QStringLiteral("nilo.RadioService");
+    for (const char *signal :
+         {"ProgramName", "afEnableChanged", "aftaState", "antennaSignalChanged", "audioChanged", "autoScanCompleted",
+          "bandChanged", "bandFMAMChang", "initDate", "localChanged", "ptyChanged", "rdsChanged", "seekState",
+          "stationChanged", "statusChanged", "taEnableChanged", "tp_pi_status", "work_status"})
+        bus.connect(service, path, interface, QString::fromLatin1(signal), receiver, slot);
+    const auto readBatch = [&](const QStringList &getters) {
+        QList<QDBusPendingCall> calls;
+        for (const QString &getter : getters)
+            calls << bus.asyncCall(QDBusMessage::createMethodCall(service, path, interface, getter), 150);
+        for (QDBusPendingCall &call : calls)
+            call.waitForFinished();
+    };
+    readBatch({"bandSwitch", "bandId", "fmList", "amList", "fmMaxFreq", "fmMinFreq", "fmStep", "amMaxFreq", "amMinFreq",
+               "amStep", "bandCurFreq", "bandPos", "initLocal", "initRegional", "initAfTaList", "initAfTa"});
+    readBatch({"initPsName1", "initPsName2", "piTpStatus", "rdsProgramName", "RDSstate"});
+    readBatch({"freqBandId", "ptyType", "rdsName", "workStateType"});
+}
+#endif
+
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
@@ -33,6 +68,9 @@ int main(int argc, char *argv[])
 
     QWidget window;
     window.setFixedSize(800, 480);
+#ifdef BARE_WINDOW_READS_THE_RADIO
+    readTheRadio(&window, SLOT(update()));
+#endif
     if (minimal) {
         new QLabel(QStringLiteral("87.50"), &window);
         return saveFirstFrame(app, window, file);

@@ -176,40 +176,20 @@ private slots:
         QCOMPARE(local.count(), 1);
     }
 
-    void ptyNameMap_data()
-    {
-        QTest::addColumn<int>("support");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("RDS 1") << 1 << 1 << "News";
-        QTest::newRow("RDS 28") << 1 << 28 << "Folk Music";
-        QTest::newRow("RBDS 29") << 2 << 29 << "Weather";
-        QTest::newRow("RBDS 27 has no name") << 2 << 27 << "";
-        QTest::newRow("code 0") << 1 << 0 << "";
-        QTest::newRow("code 30") << 1 << 30 << "";
-        QTest::newRow("unknown standard") << 3 << 10 << "";
-    }
-
-    void ptyNameMap()
-    {
-        QFETCH(int, support);
-        QFETCH(int, code);
-        QFETCH(QString, name);
-        newState(QStringLiteral("RdsSupport=%1").arg(support));
-        OptionWidget options;
-        options.onCurPTYItem(code);
-        QCOMPARE(prefs()->selectPTY(), name);
-        QCOMPARE(options.model()->index(5, 0).data(RoleCurrentValue).toString(), name); // the PTY row shows it
-    }
-
+    // The PTY list of each standard, and the name the option row shows for a
+    // chosen code (codes 0, 1, 10, 27, 28, 29, 30).
     void ptyRows_data()
     {
         QTest::addColumn<int>("support");
         QTest::addColumn<int>("rows");
         QTest::addColumn<QString>("last");
-        QTest::newRow("RDS") << 1 << 29 << "Documentary";
-        QTest::newRow("RBDS, without 27 and 28") << 2 << 27 << "Weather";
-        QTest::newRow("other: empty") << 0 << 0 << "";
+        QTest::addColumn<QStringList>("names");
+        // clang-format off
+        QTest::newRow("RDS") << 1 << 29 << "Documentary" << QStringList{"", "News", "Pop Music", "Oldies Music", "Folk Music", "Documentary", ""};
+        QTest::newRow("RBDS, without 27 and 28") << 2 << 27 << "Weather" << QStringList{"", "News", "Country", "", "", "Weather", ""};
+        QTest::newRow("no RDS: empty") << 0 << 0 << "" << QStringList{"", "", "", "", "", "", ""};
+        QTest::newRow("unknown standard: empty") << 3 << 0 << "" << QStringList{"", "", "", "", "", "", ""};
+        // clang-format on
     }
 
     void ptyRows()
@@ -217,6 +197,7 @@ private slots:
         QFETCH(int, support);
         QFETCH(int, rows);
         QFETCH(QString, last);
+        QFETCH(QStringList, names);
         newState(QStringLiteral("RdsSupport=%1").arg(support));
         PTYWidget list;
         QCOMPARE(list.model()->rowCount(), rows);
@@ -230,6 +211,16 @@ private slots:
         }
         list.resize(800, 480);
         QVERIFY(!list.grab().isNull());
+
+        OptionWidget options;
+        QStringList chosen, shown;
+        for (int code : {0, 1, 10, 27, 28, 29, 30}) {
+            options.onCurPTYItem(code);
+            chosen << prefs()->selectPTY();
+            shown << options.model()->index(5, 0).data(RoleCurrentValue).toString();
+        }
+        QCOMPARE(chosen, names);
+        QCOMPARE(shown, names);
     }
 
     void ptyMarks_data()

@@ -112,6 +112,7 @@ private slots:
         QTest::newRow("a name names the lit preset") << "" << "SWR3" << "SWR3" << "SWR3";
         QTest::newRow("no name forgets it") << "OLD" << "" << "97.50" << "";
         QTest::newRow("the screen's own empty name changes nothing") << "OLD" << "<screen>" << "OLD" << "OLD";
+        QTest::newRow("a stored name's letters the label cannot draw are blanked there") << "NDR\u00e4 2" << "<screen>" << "NDR  2" << "NDR\u00e4 2";
         // clang-format on
     }
 
@@ -132,6 +133,10 @@ private slots:
         else
             m_window->onRdsName(report); // the stack turns "" into "NULL"
         QCOMPARE(this->label("Txt_0024_f2")->text(), label);
+        // A name stands to the left, a frequency in the centre.
+        QCOMPARE(this->label("Txt_0024_f2")->alignment() & (Qt::AlignLeft | Qt::AlignHCenter),
+                 kept.isEmpty() ? Qt::AlignHCenter : Qt::AlignLeft);
+        QCOMPARE(this->label("Txt_0472_f13")->text(), QStringLiteral("87.50")); // FM3's presets too
         QCOMPARE(prefs()->rdsName(BAND_FM1, 1), kept);
         if (report != QLatin1String("<screen>"))
             QCOMPARE(m_state->settingsValue("Tuner/rdsName").toString(), kept);

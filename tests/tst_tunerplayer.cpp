@@ -257,18 +257,6 @@ private slots:
         QTest::mouseRelease(m_player->windowHandle(), Qt::LeftButton, Qt::NoModifier, centre);
     }
 
-    void presetLabelsShowNamesOrFrequencies()
-    {
-        makePlayer();
-        prefs()->saveRdsName(BAND_FM1, 1, QStringLiteral("NDR\u00e4 2"));
-        m_player->updateLabelFreq();
-        QCOMPARE(label("Txt_0024_f2")->text(), QStringLiteral("NDR  2"));
-        QVERIFY(label("Txt_0024_f2")->alignment() & Qt::AlignLeft);
-        QCOMPARE(label("Txt_0023_f1")->text(), QStringLiteral("87.50"));
-        QVERIFY(label("Txt_0023_f1")->alignment() & Qt::AlignHCenter);
-        QCOMPARE(label("Txt_0472_f13")->text(), QStringLiteral("87.50")); // FM3's presets too
-    }
-
     // The AM scroller reports its page (0, 1), a band key its band (3, 4).
     void amPagesAcceptPageOrBand()
     {

@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <QWidget>
 #ifdef BARE_WINDOW_READS_THE_RADIO
+#include "busaddress.h"
+
 #include <QtDBus>
 #endif
 
@@ -33,28 +35,34 @@ static int saveFirstFrame(QApplication &app, QWidget &window, const QString &fil
 }
 
 #ifdef BARE_WINDOW_READS_THE_RADIO
-static void readTheRadio(QObject *receiver, const char *slot)
+// False when a getter went unanswered: the time would then be the time-outs'.
+static bool readTheRadio(QObject *receiver, const char *slot)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    const QString service = QStringLiteral("com.nilo.mcu");
-    const QString path = QStringLiteral("/RadioService");
+    const QString service = QLatin1String(tuner::bus::kMcuService);
+    const QString path = QLatin1String(tuner::bus::kRadioPath);
     const QString interface = QStringLiteral("nilo.RadioService");
     for (const char *signal :
          {"ProgramName", "afEnableChanged", "aftaState", "antennaSignalChanged", "audioChanged", "autoScanCompleted",
           "bandChanged", "bandFMAMChang", "initDate", "localChanged", "ptyChanged", "rdsChanged", "seekState",
           "stationChanged", "statusChanged", "taEnableChanged", "tp_pi_status", "work_status"})
         bus.connect(service, path, interface, QString::fromLatin1(signal), receiver, slot);
+    bool answered = true;
     const auto readBatch = [&](const QStringList &getters) {
         QList<QDBusPendingCall> calls;
         for (const QString &getter : getters)
-            calls << bus.asyncCall(QDBusMessage::createMethodCall(service, path, interface, getter), 150);
-        for (QDBusPendingCall &call : calls)
+            calls << bus.asyncCall(QDBusMessage::createMethodCall(service, path, interface, getter),
+                                   tuner::bus::kCallTimeoutMs);
+        for (QDBusPendingCall &call : calls) {
             call.waitForFinished();
+            answered = answered && !call.isError();
+        }
     };
     readBatch({"bandSwitch", "bandId", "fmList", "amList", "fmMaxFreq", "fmMinFreq", "fmStep", "amMaxFreq", "amMinFreq",
                "amStep", "bandCurFreq", "bandPos", "initLocal", "initRegional", "initAfTaList", "initAfTa"});
     readBatch({"initPsName1", "initPsName2", "piTpStatus", "rdsProgramName", "RDSstate"});
     readBatch({"freqBandId", "ptyType", "rdsName", "workStateType"});
+    return answered;
 }
 #endif
 
@@ -69,7 +77,10 @@ int main(int argc, char *argv[])
     QWidget window;
     window.setFixedSize(800, 480);
 #ifdef BARE_WINDOW_READS_THE_RADIO
-    readTheRadio(&window, SLOT(update()));
+    if (!readTheRadio(&window, SLOT(update()))) {
+        QTextStream(stderr) << "The radio service did not answer its start-up getters" << Qt::endl;
+        return 1;
+    }
 #endif
     if (minimal) {
         new QLabel(QStringLiteral("87.50"), &window);

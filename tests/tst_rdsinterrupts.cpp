@@ -1,6 +1,7 @@
 // The RDS display of the tuner screen (names per display mode and band,
 // preset naming, icons, PTY) and the traffic/alarm interrupts through the
-// main window, its audio focus and source keys, with or without its screens.
+// main window, its audio focus and source keys, with or without its screens,
+// and the media player's status beside them.
 
 #include "audiomanager.h"
 #include "basewindow.h"
@@ -9,6 +10,7 @@
 #include "interruptpopup.h"
 #include "mainwidget.h"
 #include "mainwindow.h"
+#include "nowplaying.h"
 #include "radioedge.h"
 #include "tunerfixture.h"
 #include "tuneroptions.h"
@@ -24,7 +26,7 @@ using namespace tuner;
 namespace {
 
 // "interrupt=N" and the names of the interrupt flags that are set.
-QString interruptFlags()
+QStringList interruptFlags()
 {
     const Preferences *p = prefs();
     QStringList set;
@@ -38,7 +40,7 @@ QString interruptFlags()
         if (on)
             set << QLatin1String(name);
     }
-    return set.join(QLatin1Char(' '));
+    return set;
 }
 
 } // namespace
@@ -230,11 +232,13 @@ private slots:
     }
 
     // The traffic/alarm interrupts through the main window, with its screens
-    // up (the popup) or not built yet (the bookkeeping alone). Steps: start
+    // up (the popup) or not built yet (the bookkeeping alone), and the media
+    // player's status, which follows the source and its focus. Steps: start
     // (audio focus asked), tpN (the radio's report), tap (the popup's
     // Cancel), keyN (a source key), focusN, src6 (the announcement source),
     // seek (work status 2), refused and granted (the focus answer to come),
-    // show, hide (the popup), touch (on the popup), am, nosupport.
+    // show, stop, destroy (the window), hide (the popup), touch (on the popup),
+    // am, nosupport.
     void interrupts_data()
     {
         QTest::addColumn<bool>("screens");
@@ -243,52 +247,58 @@ private slots:
         QTest::addColumn<QString>("mcu");   // in short
         QTest::addColumn<QString>("radio"); // terminate, tune, seek and taAlarmCancel calls
         QTest::addColumn<QString>("host");
-        QTest::addColumn<QString>("flags"); // "interrupt=N" and the interrupt flags set
+        // "interrupt=N", the interrupt flags set, and the media player's status unless stopped
+        QTest::addColumn<QString>("flags");
 
         // clang-format off
-        QTest::newRow("an announcement raises the popup") << true << "start tp3" << "Traffic" << "ch on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("its end closes it") << true << "start tp3 tp4" << "" << "ch on off off" << "" << "" << "";
-        QTest::newRow("an alarm raises the popup") << true << "start tp5" << "Alarm" << "ch on" << "" << "" << "interrupt=1 alarm";
-        QTest::newRow("an announcement during an alarm waits for its end") << true << "start tp5 tp3" << "Alarm" << "ch on" << "" << "" << "interrupt=1 ta alarm";
-        QTest::newRow("... and comes when the alarm ends") << true << "start tp5 tp3 tp6" << "Traffic" << "ch on off off on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("Cancel on the announcement") << true << "start tp3 tap" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";
+        QTest::newRow("an announcement raises the popup") << true << "start tp3" << "Traffic" << "ch on" << "" << "" << "interrupt=2 ta playing";
+        QTest::newRow("its end closes it") << true << "start tp3 tp4" << "" << "ch on off off" << "" << "" << "playing";
+        QTest::newRow("an alarm raises the popup") << true << "start tp5" << "Alarm" << "ch on" << "" << "" << "interrupt=1 alarm playing";
+        QTest::newRow("an announcement during an alarm waits for its end") << true << "start tp5 tp3" << "Alarm" << "ch on" << "" << "" << "interrupt=1 ta alarm playing";
+        QTest::newRow("... and comes when the alarm ends") << true << "start tp5 tp3 tp6" << "Traffic" << "ch on off off on" << "" << "" << "interrupt=2 ta playing";
+        QTest::newRow("Cancel on the announcement") << true << "start tp3 tap" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa playing";
         QTest::newRow("a cancelled announcement ends, an alarm comes and goes: nothing is left")
-            << true << "start tp3 tap tp4 tp5 tp6" << "" << "ch on beep off off on off off" << "taAlarmCancel(1)" << "1008:5" << "";
-        QTest::newRow("Cancel on an alarm") << true << "start tp5 tap" << "" << "ch on beep off" << "" << "1008:5" << "interrupt=1 alarm cancelAlarm";
+            << true << "start tp3 tap tp4 tp5 tp6" << "" << "ch on beep off off on off off" << "taAlarmCancel(1)" << "1008:5" << "playing";
+        QTest::newRow("Cancel on an alarm") << true << "start tp5 tap" << "" << "ch on beep off" << "" << "1008:5" << "interrupt=1 alarm cancelAlarm playing";
         QTest::newRow("Cancel on an alarm over an announcement brings it back")
-            << true << "start tp3 tp5 tap" << "Traffic" << "ch on on beep off on" << "" << "" << "interrupt=2 ta alarm cancelAlarm";
-        QTest::newRow("cancel key on the announcement") << true << "start tp3 key66" << "" << "ch on beep off" << "taAlarmCancel(1) taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";
-        QTest::newRow("touches on the popup stay there, even over the seek key") << true << "start tp3 touch" << "Traffic" << "ch on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("a hidden popup ignores Cancel") << true << "start tp5 hide tap" << "Alarm" << "ch on" << "" << "" << "interrupt=1 alarm";
-        QTest::newRow("no popup on AM") << true << "am start tp3" << "" << "ch" << "" << "" << "interrupt=2";
-        QTest::newRow("no popup without AF/TA/TP support") << true << "nosupport start tp3" << "" << "ch" << "" << "" << "interrupt=2";
-        QTest::newRow("announcement starts and ends") << false << "start tp3 tp4" << "" << "ch on off" << "" << "" << "";
-        QTest::newRow("announcement while inactive is noted, shown at start") << false << "tp3 start" << "" << "ch on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("announcement ends while inactive") << false << "tp3 tp4 start" << "" << "ch" << "" << "" << "";
-        QTest::newRow("alarm over a live announcement, which comes back") << false << "start tp3 tp5 tp6" << "" << "ch on on off on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("announcement during an alarm waits for its end") << false << "start tp5 tp3 tp6" << "" << "ch on off on" << "" << "" << "interrupt=2 ta";
-        QTest::newRow("announcement ends during an alarm: it does not come back") << false << "start tp3 tp5 tp4 tp6" << "" << "ch on on off" << "" << "" << "";
-        QTest::newRow("alarm ends during an announcement that came after it") << false << "start tp5 tp3 tp6 tp4" << "" << "ch on off on off" << "" << "" << "";
-        QTest::newRow("a seek ends the announcement's status: its end switches nothing") << false << "start tp3 seek tp4" << "" << "ch on" << "" << "" << "";
-        QTest::newRow("alarm while inactive, shown at start") << false << "tp5 start" << "" << "ch on" << "" << "" << "interrupt=1 alarm";
+            << true << "start tp3 tp5 tap" << "Traffic" << "ch on on beep off on" << "" << "" << "interrupt=2 ta alarm cancelAlarm playing";
+        QTest::newRow("cancel key on the announcement") << true << "start tp3 key66" << "" << "ch on beep off" << "taAlarmCancel(1) taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa playing";
+        QTest::newRow("touches on the popup stay there, even over the seek key") << true << "start tp3 touch" << "Traffic" << "ch on" << "" << "" << "interrupt=2 ta playing";
+        QTest::newRow("a hidden popup ignores Cancel") << true << "start tp5 hide tap" << "Alarm" << "ch on" << "" << "" << "interrupt=1 alarm playing";
+        QTest::newRow("no popup on AM") << true << "am start tp3" << "" << "ch" << "" << "" << "interrupt=2 playing";
+        QTest::newRow("no popup without AF/TA/TP support") << true << "nosupport start tp3" << "" << "ch" << "" << "" << "interrupt=2 playing";
+        QTest::newRow("announcement starts and ends") << false << "start tp3 tp4" << "" << "ch on off" << "" << "" << "playing";
+        QTest::newRow("announcement while inactive is noted, shown at start") << false << "tp3 start" << "" << "ch on" << "" << "" << "interrupt=2 ta playing";
+        QTest::newRow("announcement ends while inactive") << false << "tp3 tp4 start" << "" << "ch" << "" << "" << "playing";
+        QTest::newRow("alarm over a live announcement, which comes back") << false << "start tp3 tp5 tp6" << "" << "ch on on off on" << "" << "" << "interrupt=2 ta playing";
+        QTest::newRow("announcement during an alarm waits for its end") << false << "start tp5 tp3 tp6" << "" << "ch on off on" << "" << "" << "interrupt=2 ta playing";
+        QTest::newRow("announcement ends during an alarm: it does not come back") << false << "start tp3 tp5 tp4 tp6" << "" << "ch on on off" << "" << "" << "playing";
+        QTest::newRow("alarm ends during an announcement that came after it") << false << "start tp5 tp3 tp6 tp4" << "" << "ch on off on off" << "" << "" << "playing";
+        QTest::newRow("a seek ends the announcement's status: its end switches nothing") << false << "start tp3 seek tp4" << "" << "ch on" << "" << "" << "playing";
+        QTest::newRow("alarm while inactive, shown at start") << false << "tp5 start" << "" << "ch on" << "" << "" << "interrupt=1 alarm playing";
         QTest::newRow("cancel key during an announcement")
-            << false << "start tp3 key66" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa";
-        QTest::newRow("cancel key during an alarm") << false << "start tp5 key114" << "" << "ch on beep off" << "" << "1008:5" << "interrupt=1 alarm cancelAlarm";
+            << false << "start tp3 key66" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta cancelTa playing";
+        QTest::newRow("cancel key during an alarm") << false << "start tp5 key114" << "" << "ch on beep off" << "" << "1008:5" << "interrupt=1 alarm cancelAlarm playing";
         QTest::newRow("cancel key on an alarm over a live announcement brings it back")
-            << false << "start tp3 tp5 key163" << "" << "ch on on beep off on" << "" << "" << "interrupt=2 ta alarm cancelAlarm";
-        QTest::newRow("cancel key without an interrupt") << false << "start key176" << "" << "ch off" << "" << "" << "";
+            << false << "start tp3 tp5 key163" << "" << "ch on on beep off on" << "" << "" << "interrupt=2 ta alarm cancelAlarm playing";
+        QTest::newRow("cancel key without an interrupt") << false << "start key176" << "" << "ch off" << "" << "" << "playing";
         QTest::newRow("source 6 lifts the announcement's cancel")
-            << false << "start tp3 key66 src6" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta";
+            << false << "start tp3 key66 src6" << "" << "ch on beep off" << "taAlarmCancel(1)" << "1008:5" << "interrupt=2 ta playing";
         QTest::newRow("focus lost during an announcement")
             << false << "start tp3 focus-1" << "" << "ch on off" << "terminate() taAlarmCancel(1)" << "" << "interrupt=2 ta";
         QTest::newRow("announcement ends after focus was lost")
             << false << "start tp3 focus-1 tp4" << "" << "ch on off off" << "terminate() taAlarmCancel(1)" << "" << "";
         QTest::newRow("alarm ends after focus was lost") << false << "start tp5 focus-1 tp6" << "" << "ch on off off" << "terminate()" << "" << "";
-        QTest::newRow("focus lost while seeking retunes") << false << "start seek focus-2" << "" << "ch" << "terminate() tune(8750)" << "" << "";
-        QTest::newRow("other focus changes are ignored") << false << "start tp3 focus-3 focus1" << "" << "ch on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("focus lost while seeking retunes") << false << "start seek focus-2" << "" << "ch" << "terminate() tune(8750)" << "" << "paused";
+        QTest::newRow("other focus changes are ignored") << false << "start tp3 focus-3 focus1" << "" << "ch on" << "" << "" << "interrupt=2 ta playing";
         QTest::newRow("after focus loss an announcement is only noted") << false << "start focus-1 tp3" << "" << "ch" << "terminate()" << "" << "interrupt=2";
         QTest::newRow("refused focus starts nothing") << false << "tp3 refused start" << "" << "" << "" << "" << "interrupt=2";
-        QTest::newRow("showing the window starts it") << false << "tp3 refused start granted show" << "" << "ch on" << "" << "" << "interrupt=2 ta";
+        QTest::newRow("showing the window starts it") << false << "tp3 refused start granted show" << "" << "ch on" << "" << "" << "interrupt=2 ta playing";
+        QTest::newRow("focus back after a while plays again") << false << "start focus-2 focus1" << "" << "ch" << "terminate()" << "" << "playing";
+        QTest::newRow("... but no other code does") << false << "start focus-2 focus-3" << "" << "ch" << "terminate()" << "" << "paused";
+        QTest::newRow("focus back after losing it for good stays stopped") << false << "start focus-1 focus1" << "" << "ch" << "terminate()" << "" << "";
+        QTest::newRow("the source stopped") << false << "start stop" << "" << "ch" << "" << "" << "";
+        QTest::newRow("the window destroyed") << false << "start destroy" << "" << "ch" << "" << "deleteDelay" << "";
         // clang-format on
     }
 
@@ -343,6 +353,10 @@ private slots:
                                                                                           : AudioManager::FocusGranted);
             } else if (step == QLatin1String("show")) {
                 m_window->onShow();
+            } else if (step == QLatin1String("stop")) {
+                m_window->stop();
+            } else if (step == QLatin1String("destroy")) {
+                m_window->onDestroy();
             }
         }
         QCoreApplication::processEvents(); // deferred deletes and posted host events
@@ -350,7 +364,10 @@ private slots:
         const QRegularExpression interruptCall(QStringLiteral("^(terminate|tune|seek\\w*|taAlarmCancel)\\("));
         QCOMPARE(m_fakes->describedCalls(m_fakes->radio()).filter(interruptCall).join(QLatin1Char(' ')), radio);
         QCOMPARE(m_host.events.join(QLatin1Char(' ')), host);
-        QCOMPARE(interruptFlags(), flags);
+        QStringList state = interruptFlags();
+        if (const QString playback = m_window->nowPlaying()->playbackStatus(); playback != QLatin1String("Stopped"))
+            state << playback.toLower();
+        QCOMPARE(state.join(QLatin1Char(' ')), flags);
         if (!screens)
             return;
         c35_011_interrupt_on_tuner *shown = player()->interruptPopup();

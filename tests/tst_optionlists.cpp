@@ -98,7 +98,10 @@ private slots:
         QCOMPARE(options.model()->index(0, 0).data().toString(), QStringLiteral("Auto Store"));
         QCOMPARE(options.model()->index(9, 0).data(), QVariant());
         QCOMPARE(tunerOpItems[1].value, QStringLiteral("On")); // the table keeps the last values
-        QCOMPARE(options.findChild<QScrollBar *>("Oth_0012_scroll_bar")->isVisibleTo(&options), scrollBar);
+        auto *bar = options.findChild<QScrollBar *>("Oth_0012_scroll_bar");
+        QCOMPARE(bar->isVisibleTo(&options), scrollBar);
+        QCOMPARE(options.findChild<QListView *>("Lst_0016_tuner_option_list")->verticalScrollBar(),
+                 bar); // it moves with the list
         // Painting every row works (and is not empty).
         options.resize(800, 480);
         QVERIFY(!options.grab().isNull());
@@ -209,6 +212,8 @@ private slots:
             QCOMPARE(list.model()->index(rows - 1, 0).data(RoleItemId).toInt(), 29);
             QCOMPARE(list.model()->index(0, 0).data(Qt::SizeHintRole).toSize(), QSize(540, 60));
         }
+        QCOMPARE(list.findChild<QListView *>("Lst_0003_pty_list")->verticalScrollBar(),
+                 list.findChild<QScrollBar *>("Oth_0009_scroll_bar"));
         list.resize(800, 480);
         QVERIFY(!list.grab().isNull());
 

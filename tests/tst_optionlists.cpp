@@ -100,8 +100,8 @@ private slots:
         QCOMPARE(tunerOpItems[1].value, QStringLiteral("On")); // the table keeps the last values
         auto *bar = options.findChild<QScrollBar *>("Oth_0012_scroll_bar");
         QCOMPARE(bar->isVisibleTo(&options), scrollBar);
-        QCOMPARE(options.findChild<QListView *>("Lst_0016_tuner_option_list")->verticalScrollBar(),
-                 bar); // it moves with the list
+        // The list scrolls the form's own bar, which moves with it.
+        QCOMPARE(options.findChild<QListView *>("Lst_0016_tuner_option_list")->verticalScrollBar(), bar);
         // Painting every row works (and is not empty).
         options.resize(800, 480);
         QVERIFY(!options.grab().isNull());

@@ -25,7 +25,9 @@ class tst_Preferences : public QObject
     Q_OBJECT
 
 private slots:
-    void persistingSetterWritesAtOnce_data()
+    // What each setter writes, at once; a bad index changes nothing and
+    // writes nothing (the rows with no key).
+    void settersWriteAtOnceOrNotAtAll_data()
     {
         QTest::addColumn<Action>("action");
         QTest::addColumn<QString>("key");
@@ -56,6 +58,22 @@ private slots:
         QTest::newRow("rds name, one key for all presets")
             << Action([](Preferences *p) { p->saveRdsName(BAND_AM1, 2, QStringLiteral("NDR 2")); })
             << "Tuner/rdsName" << "NDR 2";
+        const QString none;
+        QTest::newRow("preset -1") << Action([](Preferences *p) { p->setFavoriteFreq(-1, 9000); }) << none << none;
+        QTest::newRow("preset 6") << Action([](Preferences *p) { p->setFavoriteFreq(6, 9000); }) << none << none;
+        QTest::newRow("TA flag 99") << Action([](Preferences *p) { p->setFmTa(99, true); }) << none << none;
+        QTest::newRow("AF flag -5") << Action([](Preferences *p) { p->setFmAf(-5, true); }) << none << none;
+        QTest::newRow("band 7") << Action([](Preferences *p) { p->setBand(Band(7)); }) << none << none;
+        QTest::newRow("band -1") << Action([](Preferences *p) { p->setBand(Band(-1)); }) << none << none;
+        QTest::newRow("last FM band 12") << Action([](Preferences *p) { p->setBand_FM(Band(12)); }) << none << none;
+        QTest::newRow("play frequency of band 5") << Action([](Preferences *p) { p->setPlayFreq(Band(5), 9000); }) << none << none;
+        QTest::newRow("clear id of band 9") << Action([](Preferences *p) { p->clearFreqId(Band(9), 0); }) << none << none;
+        QTest::newRow("rds name of band 5") << Action([](Preferences *p) { p->saveRdsName(Band(5), 0, QStringLiteral("X")); }) << none << none;
+        QTest::newRow("rds name of preset 6") << Action([](Preferences *p) { p->saveRdsName(BAND_FM1, 6, QStringLiteral("X")); }) << none << none;
+        QTest::newRow("save flag 6") << Action([](Preferences *p) { p->setSavePreset(6, true); }) << none << none;
+        QTest::newRow("saveFreq null list") << Action([](Preferences *p) { p->saveFreq(nullptr, 3); }) << none << none;
+        QTest::newRow("saveFreq negative count") << Action([](Preferences *p) { const int f[] = {9000}; p->saveFreq(f, -2); }) << none << none;
+        QTest::newRow("preset index 6") << Action([](Preferences *p) { p->setPresetIndex(6); }) << none << none;
         // clang-format on
         // Names are stored so that QSettings reads them back as they were.
         const auto name
@@ -65,48 +83,22 @@ private slots:
             QTest::addRow("name [%s]", qPrintable(text)) << name(text) << "Tuner/rdsName" << text;
     }
 
-    void persistingSetterWritesAtOnce()
+    void settersWriteAtOnceOrNotAtAll()
     {
         QFETCH(Action, action);
         QFETCH(QString, key);
         QFETCH(QString, value);
 
         TestState state;
-        action(prefs());
-        // Read by a second settings object while the singleton lives on: the write was synced.
-        const QVariant written
-            = key.startsWith(QLatin1String("Tuner/")) ? state.settingsValue(key) : state.radioConfValue(key);
-        QCOMPARE(written.toString(), value);
-    }
-
-    void badIndexesChangeNothing_data()
-    {
-        QTest::addColumn<Action>("action");
-        // clang-format off
-        QTest::newRow("preset -1") << Action([](Preferences *p) { p->setFavoriteFreq(-1, 9000); });
-        QTest::newRow("preset 6") << Action([](Preferences *p) { p->setFavoriteFreq(6, 9000); });
-        QTest::newRow("TA flag 99") << Action([](Preferences *p) { p->setFmTa(99, true); });
-        QTest::newRow("AF flag -5") << Action([](Preferences *p) { p->setFmAf(-5, true); });
-        QTest::newRow("band 7") << Action([](Preferences *p) { p->setBand(Band(7)); });
-        QTest::newRow("band -1") << Action([](Preferences *p) { p->setBand(Band(-1)); });
-        QTest::newRow("last FM band 12") << Action([](Preferences *p) { p->setBand_FM(Band(12)); });
-        QTest::newRow("play frequency of band 5") << Action([](Preferences *p) { p->setPlayFreq(Band(5), 9000); });
-        QTest::newRow("clear id of band 9") << Action([](Preferences *p) { p->clearFreqId(Band(9), 0); });
-        QTest::newRow("rds name of band 5") << Action([](Preferences *p) { p->saveRdsName(Band(5), 0, QStringLiteral("X")); });
-        QTest::newRow("rds name of preset 6") << Action([](Preferences *p) { p->saveRdsName(BAND_FM1, 6, QStringLiteral("X")); });
-        QTest::newRow("save flag 6") << Action([](Preferences *p) { p->setSavePreset(6, true); });
-        QTest::newRow("saveFreq null list") << Action([](Preferences *p) { p->saveFreq(nullptr, 3); });
-        QTest::newRow("saveFreq negative count") << Action([](Preferences *p) { const int f[] = {9000}; p->saveFreq(f, -2); });
-        QTest::newRow("preset index 6") << Action([](Preferences *p) { p->setPresetIndex(6); });
-        // clang-format on
-    }
-
-    void badIndexesChangeNothing()
-    {
-        QFETCH(Action, action);
-        TestState state;
         const Preferences::flagBand before = prefs()->bandData(BAND_FM1);
         action(prefs());
+        if (!key.isEmpty()) {
+            // Read by a second settings object while the singleton lives on: the write was synced.
+            const QVariant written
+                = key.startsWith(QLatin1String("Tuner/")) ? state.settingsValue(key) : state.radioConfValue(key);
+            QCOMPARE(written.toString(), value);
+            return;
+        }
         QCOMPARE(prefs()->band(), BAND_FM1);
         QCOMPARE(prefs()->presetIndex(), 0);
         const Preferences::flagBand &after = prefs()->bandData(BAND_FM1);
@@ -235,101 +227,89 @@ private slots:
         }
     }
 
-    void aftaStateSetsFlagsOfFmPresets()
+    // Lists laid over consecutive presets run on into the family's next
+    // band. "model": "<band> af|ta|names|presets" and the band's six values;
+    // "written": radio.conf keys after the action ("key=": absent), or
+    // "nothing" for no file at all.
+    void listsRunOnAcrossBands_data()
     {
-        TestState state;
-        prefs()->aftaState(QStringLiteral("1;2;3;0;7;;1;1;1;1;1;1;2"));
-        const Preferences::flagBand &fm0 = prefs()->bandData(BAND_FM1);
-        const QVector<bool> af{fm0.af[0], fm0.af[1], fm0.af[2], fm0.af[3], fm0.af[4], fm0.af[5]};
-        const QVector<bool> ta{fm0.ta[0], fm0.ta[1], fm0.ta[2], fm0.ta[3], fm0.ta[4], fm0.ta[5]};
-        // One code per preset: the empty sixth item is a preset with neither flag.
-        QCOMPARE(af, (QVector<bool>{true, false, true, false, false, false}));
-        QCOMPARE(ta, (QVector<bool>{false, true, true, false, false, false}));
-        QCOMPARE(prefs()->bandData(BAND_FM2).af[5], true);
-        QCOMPARE(prefs()->bandData(BAND_FM3).ta[0], true);
-        QCOMPARE(prefs()->bandData(BAND_FM3).af[0], false);
-        QCOMPARE(prefs()->bandData(BAND_FM3).af[1], true); // beyond the list: default kept
-        QCOMPARE(state.radioConfValue("Freq/FM0/AF_0").toBool(), true);
-        QCOMPARE(state.radioConfValue("Freq/FM0/TA_1").toBool(), true);
-        QCOMPARE(state.radioConfValue("Freq/FM2/TA_0").toBool(), true);
-        QVERIFY(!state.radioConfValue("Freq/FM2/TA_1").isValid());
-    }
-
-    void resetAfTaWritesTheKeysCrossedOnFmOnly()
-    {
-        TestState state;
-        prefs()->setBand(BAND_FM2);
-        prefs()->setPresetIndex(4);
-        prefs()->btmStart();
-        prefs()->setAf(true);
-        prefs()->setTa(false);
-        prefs()->setBand(BAND_FM1); // the auto-store band counts, not the current one
-        prefs()->resetAfTa(4);
-
-        QCOMPARE(prefs()->bandData(BAND_FM2).af[4], true);
-        QCOMPARE(prefs()->bandData(BAND_FM2).ta[5], false);
-        QCOMPARE(prefs()->bandData(BAND_FM3).af[1], true);
-        QCOMPARE(state.radioConfValue("Freq/FM1/TA_4").toBool(), true);  // the AF value
-        QCOMPARE(state.radioConfValue("Freq/FM1/AF_4").toBool(), false); // the TA value
-        QCOMPARE(state.radioConfValue("Freq/FM2/TA_1").toBool(), true);
-        QVERIFY(!state.radioConfValue("Freq/FM2/TA_2").isValid());
-        QVERIFY(!state.radioConfValue("Freq/FM1/TA_3").isValid());
-
-        // AM presets have no flags to reset.
-        prefs()->setBand(BAND_AM1);
-        prefs()->btmStart();
-        QFile::remove(state.radioConf());
-        prefs()->resetAfTa(6);
-        QVERIFY(!QFile::exists(state.radioConf()));
-    }
-
-    void saveFreqFillsConsecutivePresets_data()
-    {
-        QTest::addColumn<int>("band");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<QVector<int>>("freqs");
-        QTest::addColumn<QStringList>("keys");
-
+        QTest::addColumn<Action>("setup");
+        QTest::addColumn<Action>("action");
+        QTest::addColumn<QStringList>("model");
+        QTest::addColumn<QStringList>("written");
+        const auto fromBtm = [](Band band, int index) {
+            return Action([=](Preferences *p) {
+                p->setBand(band);
+                p->setPresetIndex(index);
+                p->btmStart();
+            });
+        };
+        const auto store = [](QVector<int> freqs) {
+            return Action([=](Preferences *p) { p->saveFreq(freqs.constData(), freqs.size()); });
+        };
         // clang-format off
-        QTest::newRow("FM from band 2 preset 4: the rest is dropped")
-            << 2 << 4 << QVector<int>{9000, 9100, 9200} << QStringList{"Freq/FM2/preset_4", "Freq/FM2/preset_5"};
-        QTest::newRow("FM across a band") << 0 << 5 << QVector<int>{9000, 9100}
-                                          << QStringList{"Freq/FM0/preset_5", "Freq/FM1/preset_0"};
-        QTest::newRow("AM across a band") << 3 << 5 << QVector<int>{999, 1008}
-                                          << QStringList{"Freq/AM3/preset_5", "Freq/AM4/preset_0"};
+        QTest::newRow("AF/TA codes, one per FM preset; an empty one sets neither")
+            << Action() << Action([](Preferences *p) { p->aftaState(QStringLiteral("1;2;3;0;7;;1;1;1;1;1;1;2")); })
+            << QStringList{"FM1 af 1,0,1,0,0,0", "FM1 ta 0,1,1,0,0,0", "FM2 af 1,1,1,1,1,1", "FM3 af 0,1,1,1,1,1", "FM3 ta 1,0,0,0,0,0"}
+            << QStringList{"Freq/FM0/AF_0=true", "Freq/FM0/TA_1=true", "Freq/FM2/TA_0=true", "Freq/FM2/TA_1="};
+        QTest::newRow("AF/TA reset from the auto-store band, not the current one, keys crossed")
+            << Action([=](Preferences *p) { fromBtm(BAND_FM2, 4)(p); p->setAf(true); p->setTa(false); p->setBand(BAND_FM1); })
+            << Action([](Preferences *p) { p->resetAfTa(4); })
+            << QStringList{"FM2 af 1,1,1,1,1,1", "FM2 ta 0,0,0,0,0,0", "FM3 af 1,1,1,1,1,1"}
+            << QStringList{"Freq/FM1/TA_4=true", "Freq/FM1/AF_4=false", "Freq/FM2/TA_1=true", "Freq/FM2/TA_2=", "Freq/FM1/TA_3="};
+        QTest::newRow("AM presets have no flags to reset") << fromBtm(BAND_AM1, 0) << Action([](Preferences *p) { p->resetAfTa(6); })
+            << QStringList() << QStringList{"nothing"};
+        QTest::newRow("store from FM3 preset 4: the rest is dropped") << fromBtm(BAND_FM3, 4) << store({9000, 9100, 9200})
+            << QStringList{"FM3 presets 8750,8750,8750,8750,9000,9100", "FM1 presets 8750,9750,9800,9850,10750,10800"}
+            << QStringList{"Freq/FM2/preset_4=9000", "Freq/FM2/preset_5=9100"};
+        QTest::newRow("store across an FM band") << fromBtm(BAND_FM1, 5) << store({9000, 9100})
+            << QStringList{"FM1 presets 8750,9750,9800,9850,10750,9000", "FM2 presets 9100,8750,8750,8750,8750,8750"}
+            << QStringList{"Freq/FM0/preset_5=9000", "Freq/FM1/preset_0=9100"};
+        QTest::newRow("store across an AM band") << fromBtm(BAND_AM1, 5) << store({999, 1008})
+            << QStringList{"AM1 presets 531,909,999,1089,1512,999", "AM2 presets 1008,531,531,531,531,531"}
+            << QStringList{"Freq/AM3/preset_5=999", "Freq/AM4/preset_0=1008"};
+        QTest::newRow("names from two lists, up to FM3's last preset")
+            << Action() << Action([](Preferences *p) {
+                   p->setPsName1(QStringLiteral("A;B;;D;E;F;G;H;I"));
+                   p->setPsName2(QStringLiteral("J;K;L;M;N;O;P;Q;R;S;T"));
+               })
+            << QStringList{"FM1 names A,B,,D,E,F", "FM2 names G,H,I,J,K,L", "FM3 names M,N,O,P,Q,R", "AM1 names ,,,,,"}
+            << QStringList{"nothing"};
         // clang-format on
     }
 
-    void saveFreqFillsConsecutivePresets()
+    void listsRunOnAcrossBands()
     {
-        QFETCH(int, band);
-        QFETCH(int, start);
-        QFETCH(QVector<int>, freqs);
-        QFETCH(QStringList, keys);
-
+        QFETCH(Action, setup);
+        QFETCH(Action, action);
+        QFETCH(QStringList, model);
+        QFETCH(QStringList, written);
         TestState state;
-        prefs()->setBand(Band(band));
-        prefs()->setPresetIndex(start);
-        prefs()->btmStart();
-        QFile::remove(state.radioConf());
-        prefs()->saveFreq(freqs.constData(), freqs.size());
-        for (int i = 0; i < keys.size(); ++i)
-            QCOMPARE(state.radioConfValue(keys[i]).toInt(), freqs[i]);
-        QCOMPARE(prefs()->favoritBandAt(Band(band), start), freqs[0]);
-    }
-
-    void psNamesFillTheFmPresets()
-    {
-        TestState state;
-        prefs()->setPsName1(QStringLiteral("A;B;;D;E;F;G;H;I"));
-        prefs()->setPsName2(QStringLiteral("J;K;L;M;N;O;P;Q;R;S;T"));
-        QCOMPARE(prefs()->rdsName(BAND_FM1, 0), QStringLiteral("A"));
-        QCOMPARE(prefs()->rdsName(BAND_FM1, 2), QString());
-        QCOMPARE(prefs()->rdsName(BAND_FM2, 2), QStringLiteral("I"));
-        QCOMPARE(prefs()->rdsName(BAND_FM2, 3), QStringLiteral("J"));
-        QCOMPARE(prefs()->rdsName(BAND_FM3, 5), QStringLiteral("R"));
-        QCOMPARE(prefs()->rdsName(BAND_AM1, 0), QString()); // the list stops at the last FM preset
-        QVERIFY(!QFile::exists(state.radioConf()));
+        if (setup) {
+            setup(prefs());
+            prefs()->flush();
+            QFile::remove(state.radioConf());
+        }
+        action(prefs());
+        static const QStringList bands{"FM1", "FM2", "FM3", "AM1", "AM2"};
+        for (const QString &entry : model) {
+            const Preferences::flagBand &d = prefs()->bandData(Band(bands.indexOf(entry.section(' ', 0, 0))));
+            const QString what = entry.section(' ', 1, 1);
+            QStringList shown;
+            for (int i = 0; i < kPresetCount; ++i) {
+                shown << (what == QLatin1String("af")      ? QString::number(d.af[i])
+                          : what == QLatin1String("ta")    ? QString::number(d.ta[i])
+                          : what == QLatin1String("names") ? d.rdsName[i]
+                                                           : QString::number(d.presets[i]));
+            }
+            QCOMPARE(entry.section(' ', 0, 1) + ' ' + shown.join(','), entry);
+        }
+        for (const QString &entry : written) {
+            if (entry == QLatin1String("nothing"))
+                QVERIFY(!QFile::exists(state.radioConf()));
+            else
+                QCOMPARE(state.radioConfValue(entry.section('=', 0, 0)).toString(), entry.section('=', 1));
+        }
     }
 
     // The 18 presets of the family from its first band, even on AM (12 presets).

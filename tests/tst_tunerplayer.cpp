@@ -1,8 +1,10 @@
 // The tuner screen against recording fakes: the frequency display, manual
 // step and seek, swipes, the band key and its lock, preset recall and store,
-// pages, automatic store, the search status and the radio's reports.
+// pages, automatic store, the search status, the radio's reports and the
+// station name's marquee.
 
 #include "radioedge.h"
+#include "scrolllabel.h"
 #include "scrollmanage.h"
 #include "timing.h"
 #include "tunerfixture.h"
@@ -489,6 +491,56 @@ private slots:
             QVERIFY(button(qPrintable(lit))->isChecked());
             QCOMPARE(prefs()->playFreqId(), lit.right(1).toInt() - 1);
         }
+    }
+
+    // The station name's marquee: one full pass per start, or a stop or a
+    // click on the way; a stop goes back to the start, a click (any press,
+    // reported as clicked()) pauses there.
+    void marqueeRunsOnePass_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("interrupted");
+        QTest::newRow("longer than the label") << "ROCK ANTENNE - THE BEST ROCK OF ALL TIME" << false;
+        QTest::newRow("narrower than the label still runs a full pass") << "FFH" << false;
+        QTest::newRow("stopped, started again, clicked") << "BAYERN 3 - DAS BESTE AM RADIO" << true;
+    }
+
+    void marqueeRunsOnePass()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, interrupted);
+        ScrollLabel label;
+        label.resize(249, 44);
+        label.setText(text);
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        QSignalSpy state(&label, &ScrollLabel::slabelState);
+        QSignalSpy clicked(&label, &ScrollLabel::clicked);
+        connect(&label, &ScrollLabel::clicked, &label, &ScrollLabel::slotClicked); // as the screen wires it
+        label.onStart();
+        QCOMPARE(label.timerInterval(), 20);
+        QTRY_VERIFY(label.xPosition() < -4);
+        QVERIFY(label.isRunning());
+        if (!interrupted) {
+            QTRY_VERIFY_WITH_TIMEOUT(!label.isTimerActive(), 15000);
+            QCOMPARE(label.xPosition(), 0);
+            QCOMPARE(label.isRunning(), false);
+            QCOMPARE(state.last().at(0).toBool(), false);
+            QCOMPARE(state.count(QList<QVariant>{false}), 1);
+            return;
+        }
+        label.onStop(); // back to the start, still
+        QCOMPARE(label.xPosition(), 0);
+        QVERIFY(!label.isTimerActive());
+        label.onStart();
+        QTRY_VERIFY(label.xPosition() < -10);
+        QTest::mousePress(&label, Qt::LeftButton);
+        QCOMPARE(clicked.count(), 1);
+        QCOMPARE(label.xPosition(), 0);
+        QCOMPARE(label.timerInterval(), 2000); // a pause at the start position
+        QVERIFY(label.isTimerActive());
+        // The paint at the start position ended the pass in progress.
+        QVERIFY(state.contains(QList<QVariant>{false}));
     }
 
 private:

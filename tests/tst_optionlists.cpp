@@ -422,11 +422,11 @@ private slots:
 
     void searchPopupFollowsTheSearchStatus()
     {
-        makeStack();
         QFETCH(QList<int>, statuses);
         QFETCH(int, display);
         QFETCH(bool, popup);
         QFETCH(bool, closeShown);
+        makeStack();
         for (int status : statuses)
             m_stack->PTYsearchStatus(status);
         QCOMPARE(g_TunerCurDSPL, display);
@@ -451,10 +451,10 @@ private slots:
 
     void searchEndReturnsAfterFiveSeconds()
     {
-        makeStack();
         QFETCH(int, result);
         QFETCH(int, shownFirst);
         QFETCH(int, shownAfter);
+        makeStack();
         m_stack->PTYsearchStatus(3);
         m_stack->PTYsearchStatus(result);
         QCOMPARE(g_TunerCurDSPL, shownFirst);

@@ -154,48 +154,62 @@ private slots:
         m_host.events.clear();
     }
 
-    void stationName_data()
+    // The station's name and the RDS status as the radio reports them, per
+    // display line mode and band: what shows, as "freq" (the frequency),
+    // "name:<text>", and the page's "rds" and "tp" icons. Line mode 1 shows
+    // the name under the frequency, line mode 0 in its place.
+    void rdsDisplay_data()
     {
         QTest::addColumn<int>("mode");
         QTest::addColumn<int>("band");
-        QTest::addColumn<QString>("report");
-        QTest::addColumn<bool>("nameShown");
-        QTest::addColumn<QString>("nameText");
-        QTest::addColumn<bool>("freqShown");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("kept"); // the current name after
 
         // clang-format off
-        QTest::newRow("line mode 1, FM: name under the frequency") << 1 << 0 << "NDR 2" << true << "NDR 2" << true;
-        QTest::newRow("line mode 1, AM: no name") << 1 << 3 << "NDR 2" << false << "NDR 2" << true;
-        QTest::newRow("line mode 1, no name reported") << 1 << 0 << "" << true << "" << true;
-        QTest::newRow("line mode 0, FM: the name instead of the frequency") << 0 << 0 << "NDR 2" << true << "NDR 2" << false;
-        QTest::newRow("line mode 0, FM, no name: the frequency") << 0 << 0 << "" << false << "" << true;
-        QTest::newRow("line mode 0, AM: the frequency") << 0 << 4 << "NDR 2" << false << "NDR 2" << true;
-        QTest::newRow("control characters are blanked") << 0 << 1 << "B\u00e4yern\u00b3" << true << "B yern " << false;
+        QTest::newRow("line mode 1, FM: name under the frequency") << 1 << 0 << "NDR 2" << 1 << "freq name:NDR 2 rds" << "NDR 2";
+        QTest::newRow("line mode 1, AM: no name, no icons") << 1 << 3 << "NDR 2" << 3 << "freq" << "NDR 2";
+        QTest::newRow("line mode 1, no name reported") << 1 << 0 << "" << 1 << "freq name: rds" << "";
+        QTest::newRow("line mode 0, FM: the name instead of the frequency") << 0 << 0 << "NDR 2" << 1 << "name:NDR 2 rds" << "NDR 2";
+        QTest::newRow("line mode 0, FM, no name: the frequency") << 0 << 0 << "" << 1 << "freq rds" << "";
+        QTest::newRow("line mode 0, AM: the frequency") << 0 << 4 << "NDR 2" << 1 << "freq" << "NDR 2";
+        QTest::newRow("control characters are blanked") << 0 << 1 << "B\u00e4yern\u00b3" << 1 << "name:B yern  rds" << "B\u00e4yern\u00b3";
+        QTest::newRow("RDS with TP") << 1 << 0 << "NDR 2" << 3 << "freq name:NDR 2 rds tp" << "NDR 2";
+        QTest::newRow("RDS with TP, 7, line mode 0") << 0 << 1 << "NDR 2" << 7 << "name:NDR 2 rds tp" << "NDR 2";
+        QTest::newRow("no RDS: the name is gone too") << 1 << 0 << "NDR 2" << 0 << "freq" << "";
         // clang-format on
     }
 
-    void stationName()
+    void rdsDisplay()
     {
         QFETCH(int, mode);
         QFETCH(int, band);
-        QFETCH(QString, report);
-        QFETCH(bool, nameShown);
-        QFETCH(QString, nameText);
-        QFETCH(bool, freqShown);
+        QFETCH(QString, name);
+        QFETCH(int, status);
+        QFETCH(QString, shown);
+        QFETCH(QString, kept);
 
         makeWindow(QStringLiteral("RadioInfoDispLine=%1").arg(mode));
         prefs()->setBand(Band(band));
-        m_window->onRdsName(report); // as the radio service's ProgramName arrives
+        m_window->onRdsName(name); // as the radio service's ProgramName arrives
+        m_window->onstatusChanged(status);
 
-        // Line mode 1 shows the name under the frequency, line mode 0 in its place.
         auto *stack = player()->findChild<QStackedWidget *>("stackedWidget_tuner");
         QCOMPARE(stack->currentWidget()->objectName(), QLatin1String(mode == 1 ? "page_tuner_01" : "page_tuner_02"));
-        QLabel *name = label(mode == 1 ? "Txt_0037_rds_name" : "Txt_0018_rds_name");
-        QCOMPARE(name->isVisibleTo(player()), nameShown);
-        QCOMPARE(name->text(), nameText);
-        QLabel *freq = label(mode == 1 ? "Txt_0035_rds_freq" : "Txt_0019_rds_freq");
-        QCOMPARE(freq->isVisibleTo(player()), freqShown);
-        QCOMPARE(prefs()->curRdsName(), report);
+        QStringList visible;
+        if (label(mode == 1 ? "Txt_0035_rds_freq" : "Txt_0019_rds_freq")->isVisibleTo(player()))
+            visible << QStringLiteral("freq");
+        if (QLabel *nameLabel = label(mode == 1 ? "Txt_0037_rds_name" : "Txt_0018_rds_name");
+            nameLabel->isVisibleTo(player()))
+            visible << QStringLiteral("name:") + nameLabel->text();
+        if (label(mode == 1 ? "Icn_0020_rds" : "Icn_0015_rds")->isVisibleTo(player()))
+            visible << QStringLiteral("rds");
+        if (label(mode == 1 ? "Icn_0021_tp" : "Icn_0016_tp")->isVisibleTo(player()))
+            visible << QStringLiteral("tp");
+        QCOMPARE(visible.join(QLatin1Char(' ')), shown);
+        QCOMPARE(prefs()->curRdsName(), kept);
+        QCOMPARE(prefs()->rdsState(), status);
     }
 
     void presetIsNamedAfterItsStation_data()
@@ -236,36 +250,6 @@ private slots:
         QCOMPARE(prefs()->rdsName(BAND_FM1, 1), kept);
         if (report != QLatin1String("<screen>"))
             QCOMPARE(m_state->settingsValue("Tuner/rdsName").toString(), kept);
-    }
-
-    void statusIcons_data()
-    {
-        QTest::addColumn<int>("band");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<bool>("rds");
-        QTest::addColumn<bool>("tp");
-        QTest::newRow("RDS") << 0 << 1 << true << false;
-        QTest::newRow("RDS with TP") << 0 << 3 << true << true;
-        QTest::newRow("RDS with TP, 7") << 1 << 7 << true << true;
-        QTest::newRow("no RDS") << 0 << 0 << false << false;
-        QTest::newRow("AM hides both") << 3 << 3 << false << false;
-    }
-
-    void statusIcons()
-    {
-        QFETCH(int, band);
-        QFETCH(int, status);
-        QFETCH(bool, rds);
-        QFETCH(bool, tp);
-        makeWindow();
-        prefs()->setBand(Band(band));
-        prefs()->setCurRdsName(QStringLiteral("NDR 2"));
-        m_window->onstatusChanged(status);
-        QCOMPARE(label("Icn_0020_rds")->isVisibleTo(player()), rds);
-        QCOMPARE(label("Icn_0021_tp")->isVisibleTo(player()), tp);
-        QCOMPARE(prefs()->rdsState(), status);
-        // Without RDS the name is gone too.
-        QCOMPARE(prefs()->curRdsName().isEmpty(), !rds && band < 3);
     }
 
     // 0 and 10 reach the screen; 31 reaches the rule on its own and is not

@@ -235,17 +235,12 @@ private slots:
     // screen labels its presets with the stations reported.
     void startUpReportRelabelsTheScreen()
     {
-        MainWindow window;
-        window.onCreate();
-        window.screenStack()->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.screenStack()));
-        m_fakes->inServiceThread([this] {
-            emit m_fakes->radio()->initDate(1, 3, "", "603;711;999", 0, 0, 0, 0, 0, 10800, 8750, 5, 1602, 531, 9,
-                                            "9000;9450;10020;999;1089", "0;0;0;0;0", 0, 0);
+        showWindow();
+        fromService([](NiloRadioServiceBackend *radio) {
+            emit radio->initDate(1, 3, "", "603;711;999", 0, 0, 0, 0, 0, 10800, 8750, 5, 1602, 531, 9,
+                                 "9000;9450;10020;999;1089", "0;0;0;0;0", 0, 0);
         });
-        const auto *first = window.screenStack()->player()->findChild<QLabel *>(QStringLiteral("Txt_0481_f1"));
-        QVERIFY(first);
-        QTRY_COMPARE(first->text(), QStringLiteral("603"));
+        QTRY_COMPARE(label("Txt_0481_f1")->text(), QStringLiteral("603"));
     }
 
     // On a first boot (no radio.conf) the screen commands the radio's own

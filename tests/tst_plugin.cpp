@@ -6,6 +6,7 @@
 #include "fakeservices.h"
 #include "hostevents.h"
 #include "translator.h"
+#include "warningcounter.h"
 
 #include <QtTest>
 
@@ -56,17 +57,15 @@ private slots:
         SourceInterface *source = plugin->requestSourceInterface(QStringLiteral("tuner.src"));
         QVERIFY(window && source);
         QCOMPARE(window->name(), QStringLiteral("tuner"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window: create\\(\\) was not called"));
+        WarningCounter warnings;
         QCOMPARE(window->mainWidget(), nullptr);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window"));
         QCOMPARE(window->testAttribute(WA_KeepAlive), false);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window"));
         window->onCreate();
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window"));
         KeyEvent key(Qx::KeyShortReleased, 7);
         QCOMPARE(source->keyEvent(&key), false);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no main window"));
         source->start();
+        QCOMPARE(warnings.lines().filter(QStringLiteral("no main window: create() was not called.")).size(), 5);
+        QCOMPARE(warnings.count(), 5);
         loader.unload();
     }
 

@@ -94,11 +94,6 @@ bool ChildProcess::start(const QString &program, const QStringList &arguments, O
     return true;
 }
 
-bool ChildProcess::isRunning()
-{
-    return m_pid > 0 && !reap(false);
-}
-
 QByteArray ChildProcess::readAll()
 {
     QByteArray all;
@@ -136,17 +131,17 @@ bool ChildProcess::waitForFinished(int msecs)
     // The lifeline's write end closes when the child ends; then it can be reaped.
     if (!m_exited && !waitReadable(m_lifeline, msecs))
         return false;
-    return reap(true);
+    return reap();
 }
 
-bool ChildProcess::reap(bool block)
+bool ChildProcess::reap()
 {
     if (m_exited)
         return true;
     int status = 0;
     pid_t done;
     do {
-        done = ::waitpid(m_pid, &status, block ? 0 : WNOHANG);
+        done = ::waitpid(m_pid, &status, 0);
     } while (done < 0 && errno == EINTR);
     if (done != m_pid)
         return false;

@@ -30,7 +30,6 @@ public:
     // A tool of the build machine (playerctl, say) runs without the emulator.
     void setEmulated(bool emulated) { m_emulated = emulated; }
     bool start(const QString &program, const QStringList &arguments, Output output = Output::Forwarded);
-    bool isRunning();
 
     // What the child has written so far, without waiting.
     QByteArray readAll();
@@ -45,7 +44,7 @@ public:
     int exitCode() const { return m_exitCode; }
 
 private:
-    bool reap(bool block);
+    bool reap();
     static bool waitReadable(int fd, int msecs);
 
     QStringList m_environment = QProcessEnvironment::systemEnvironment().toStringList();

@@ -48,11 +48,6 @@ QVariant TestState::settingsValue(const QString &key) const
 
 void TestState::setVehicle(const QString &vehicleKeys)
 {
-    writeVehicleText(QLatin1String("[Vehicle]\n") + QString(vehicleKeys).replace(QLatin1Char(' '), QLatin1Char('\n')));
-}
-
-void TestState::writeVehicleText(const QString &text)
-{
     // A new file each time: QSettings caches by path and may miss a quick
     // rewrite of the same size.
     static int generation = 0;
@@ -60,7 +55,7 @@ void TestState::writeVehicleText(const QString &text)
     qputenv("NILO_VEHICLE_CONF", path.toUtf8());
     QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.write(text.toUtf8());
+        file.write("[Vehicle]\n" + vehicleKeys.toUtf8().replace(' ', '\n'));
     file.close();
     reset();
 }

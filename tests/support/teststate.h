@@ -25,7 +25,6 @@ public:
     QVariant settingsValue(const QString &key) const;
     // Writes the vehicle configuration and makes the host read it again.
     void setVehicle(const QString &vehicleKeys);
-    void writeVehicleText(const QString &text);
 
 private:
     void reset();

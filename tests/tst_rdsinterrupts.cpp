@@ -638,11 +638,9 @@ private:
     // A window whose media player has its name, and a client of it.
     void makePlayerWithClient()
     {
-        newState();
-        m_window = std::make_unique<MainWindow>();
+        makeWindow(QString(), false);
         QTRY_COMPARE(m_window->nowPlaying()->serviceName(), QLatin1String(NowPlaying::kServiceName));
         m_client = std::make_unique<Client>();
-        forgetCalls();
     }
 
     void makeWindow(const QString &vehicleKeys = QString(), bool screens = true)

@@ -734,6 +734,9 @@ private slots:
         QCOMPARE(read(&inTime), ReplyBatch::kDeadlineMs);
         QVERIFY(inTime);
         QCOMPARE(radio->timeout(), ownTimeout);
+        // A batch dropped before its answers came gives the proxy its own time-out back.
+        std::make_unique<ReplyBatch>(radio)->add(radio->bandId(), "bandId");
+        QCOMPARE(radio->timeout(), ownTimeout);
         // Forgotten, a hung owner is waited for again.
         m_fakes->radio()->setHung(true);
         QCOMPARE(read(&inTime), -ReplyBatch::kDeadlineMs);

@@ -286,7 +286,7 @@ private slots:
                 p->btmStart();
             });
         };
-        const auto store = [](QVector<int> freqs) {
+        const auto store = [](const QVector<int> &freqs) {
             return Action([=](Preferences *p) { p->saveFreq(freqs.constData(), freqs.size()); });
         };
         // clang-format off
